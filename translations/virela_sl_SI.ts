@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="sl_SI">
 <context>
+    <name>CHeighMapFactory</name>
+    <message>
+        <source>Error</source>
+        <translation>Napaka</translation>
+    </message>
+    <message>
+        <source>Could not open DEM terrain file.</source>
+        <translation>Datoteke z DMR terena ni bilo mogoče odpreti.</translation>
+    </message>
+    <message>
+        <source>Error reading DEM terrain file.</source>
+        <translation>Napaka pri branju datoteke z DMR terena.</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Bosket</source>
