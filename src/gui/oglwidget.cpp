@@ -1,5 +1,6 @@
 #include "gui/oglwidget.h"
 
+#include "ecosystem/render/camera.h"
 #include "ecosystem/render/ecosystemrender.h"
 
 #include <QMessageBox>
@@ -114,8 +115,22 @@ void OglWidget::mousePressEvent(QMouseEvent* event) {
 }
 
 void OglWidget::mouseMoveEvent(QMouseEvent* event) {
+    if (!currentModel)
+        return;
+    ecosystem::render::Camera* camera = currentModel->getCurrentCamera();
     const QPoint p = event->position().toPoint();
-    Q_UNUSED(p);
+    if (actionMove) {
+        camera->z_pomik += float(p.y() - t_z) / mouseSensivity;
+        t_z = p.y();
+        updateGL();
+    }
+    if (actionRotate) {
+        camera->y_zasuk += float(p.x() - s_x) / mouseSensivity;
+        camera->x_zasuk += float(p.y() - s_y) / mouseSensivity;
+        s_x = p.x();
+        s_y = p.y();
+        updateGL();
+    }
 }
 
 void OglWidget::mouseReleaseEvent(QMouseEvent*) {

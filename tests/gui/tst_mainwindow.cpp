@@ -1,3 +1,4 @@
+#include "ecosystem/render/camera.h"
 #include "ecosystem/render/ecosystemrender.h"
 #include "gui/actionhandling/timekeeper.h"
 #include "gui/glformat.h"
@@ -14,6 +15,8 @@ using gui::OglWidget;
 
 class TestMainWindow : public QObject {
     Q_OBJECT
+    static void send(QWidget* w, QEvent::Type type, QPoint pos, Qt::MouseButton button,
+                     Qt::MouseButtons buttons);
 private slots:
     void startUpCreatesExactlyOneScene() {
         MainWindow w;
@@ -83,6 +86,39 @@ private slots:
         QVERIFY(!none.load(":/gui/translations/virela_de_DE"));
     }
 
+    void mouseDragsTurnAndMoveTheTree() {
+        MainWindow w;
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QTRY_VERIFY(w.currentModel != nullptr);
+        ecosystem::render::Camera* camera = w.currentModel->getCurrentCamera();
+        OglWidget* view = w.oglWidget;
+        const float z0 = camera->z_pomik, x0 = camera->x_zasuk, y0 = camera->y_zasuk;
+
+        // Left drag 35 pixels down: the tree moves 3.5 units away.
+        send(view, QEvent::MouseButtonPress, QPoint(50, 100), Qt::LeftButton, Qt::LeftButton);
+        send(view, QEvent::MouseMove, QPoint(80, 135), Qt::NoButton, Qt::LeftButton);
+        send(view, QEvent::MouseButtonRelease, QPoint(80, 135), Qt::LeftButton, Qt::NoButton);
+        QCOMPARE(camera->z_pomik, z0 + 3.5f);
+        QCOMPARE(camera->y_zasuk, y0);
+
+        // Right drag: horizontal turns, vertical tilts, one unit per 10 pixels.
+        send(view, QEvent::MouseButtonPress, QPoint(50, 100), Qt::RightButton, Qt::RightButton);
+        send(view, QEvent::MouseMove, QPoint(70, 95), Qt::NoButton, Qt::RightButton);
+        send(view, QEvent::MouseButtonRelease, QPoint(70, 95), Qt::RightButton, Qt::NoButton);
+        QCOMPARE(camera->y_zasuk, y0 + 2.0f);
+        QCOMPARE(camera->x_zasuk, x0 - 0.5f);
+        QCOMPARE(camera->z_pomik, z0 + 3.5f);
+
+        // Both buttons: a move drag only; releasing one ends every drag.
+        send(view, QEvent::MouseButtonPress, QPoint(0, 0), Qt::RightButton,
+             Qt::LeftButton | Qt::RightButton);
+        QVERIFY(view->actionMove);
+        QVERIFY(!view->actionRotate);
+        send(view, QEvent::MouseButtonRelease, QPoint(0, 0), Qt::RightButton, Qt::LeftButton);
+        QVERIFY(!view->actionMove && !view->actionRotate);
+    }
+
     void quitClosesTheWindow() {
         MainWindow w;
         w.show();
@@ -91,6 +127,13 @@ private slots:
         QTRY_VERIFY(!w.isVisible());
     }
 };
+
+void TestMainWindow::send(QWidget* w, QEvent::Type type, QPoint pos, Qt::MouseButton button,
+                          Qt::MouseButtons buttons) {
+    QMouseEvent event(type, QPointF(pos), w->mapToGlobal(QPointF(pos)), button, buttons,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(w, &event);
+}
 
 int main(int argc, char** argv) {
     gui::requestGlFormat();

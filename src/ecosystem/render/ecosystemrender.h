@@ -9,7 +9,13 @@
 class QOpenGLContext;
 class QOpenGLWidget;
 
+namespace ecosystem::data {
+class CTerrainData;
+}
+
 namespace ecosystem::render {
+
+class Camera;
 
 // The scene: owns everything that is drawn or simulated, holds every display
 // switch, draws one frame on request and runs one simulation step on request.
@@ -22,6 +28,12 @@ public:
     ~EcosystemRender() override;
 
     bool isSingleRender() const { return singleRender; }
+    Camera* getCurrentCamera() const { return camera; }
+    data::CTerrainData* getTerrainData() const { return terrainData; }
+    int getLupaMinX() const;
+    int getLupaMaxX() const;
+    int getLupaMinY() const;
+    int getLupaMaxY() const;
 
     bool singleRender = false;
     bool displayTerrainNormals = false;
@@ -30,6 +42,8 @@ public:
     bool displayTerrainSunniness = false;
     bool displayTerrainWindiness = false;
     bool displayLandMarkings = false;
+    Camera* camera = nullptr;
+    data::CTerrainData* terrainData = nullptr;
     QOpenGLWidget* qGLWidget = nullptr;
     int simulationStepsPerRenderedFrame = 1;
     bool lightingEnabled = true;
@@ -74,9 +88,17 @@ public slots:
     void actionRender_less_often_skip_more_frames();
     void actionRender_more_often_skip_less_frames();
     void checkGlError(const char* message);
+    void setLupaMinX(int v);
+    void setLupaMaxX(int v);
+    void setLupaMinY(int v);
+    void setLupaMaxY(int v);
+    void reloadDMR(std::string fileName);
 
 private:
+    void initModelObjects();
     void countFrame();
+    void setLightPosition();
+    void renderEcosystem();
 };
 
 } // namespace ecosystem::render
