@@ -74,6 +74,194 @@
         <source>Ecosystem tools</source>
         <translation>Orodja za ekosistem</translation>
     </message>
+    <message>
+        <source>Select &amp;next tree parameters (tree edit mode)</source>
+        <translation>Izberi &amp;naslednje parametre drevesa (urejanje drevesa)</translation>
+    </message>
+    <message>
+        <source>&amp;Enlarge leave size</source>
+        <translation>&amp;Povečaj liste</translation>
+    </message>
+    <message>
+        <source>&amp;Reduce leave size</source>
+        <translation>&amp;Zmanjšaj liste</translation>
+    </message>
+    <message>
+        <source>Show &amp;ecosystem</source>
+        <translation>Prikaži &amp;ekosistem</translation>
+    </message>
+    <message>
+        <source>G&amp;row tree</source>
+        <translation>&amp;Rast drevesa</translation>
+    </message>
+    <message>
+        <source>&amp;Spin tree</source>
+        <translation>&amp;Vrtenje drevesa</translation>
+    </message>
+    <message>
+        <source>Sway tree in &amp;wind</source>
+        <translation>Zibanje drevesa v &amp;vetru</translation>
+    </message>
+    <message>
+        <source>&amp;Run simulation</source>
+        <translation>&amp;Zaženi simulacijo</translation>
+    </message>
+    <message>
+        <source>Load simulation</source>
+        <translation>Naloži simulacijo</translation>
+    </message>
+    <message>
+        <source>Save simulation</source>
+        <translation>Shrani simulacijo</translation>
+    </message>
+    <message>
+        <source>Autosave simulation</source>
+        <translation>Samodejno shranjuj simulacijo</translation>
+    </message>
+    <message>
+        <source>Set plant area</source>
+        <translation>Nastavi območje rastlin</translation>
+    </message>
+    <message>
+        <source>Edit random generator seeds</source>
+        <translation>Uredi semena generatorja naključnih števil</translation>
+    </message>
+    <message>
+        <source>Compute &amp;more simulation steps per one rendered frame</source>
+        <translation>Izračunaj &amp;več korakov simulacije na izrisano sliko</translation>
+    </message>
+    <message>
+        <source>Compute &amp;less simulation steps per one rendered frame</source>
+        <translation>Izračunaj &amp;manj korakov simulacije na izrisano sliko</translation>
+    </message>
+    <message>
+        <source>Move faster</source>
+        <translation>Hitrejši premik</translation>
+    </message>
+    <message>
+        <source>Move slower</source>
+        <translation>Počasnejši premik</translation>
+    </message>
+    <message>
+        <source>&amp;Navigation panel</source>
+        <translation>&amp;Navigacijska plošča</translation>
+    </message>
+    <message>
+        <source>Switch to next predefined camera (ecosystem mode)</source>
+        <translation>Preklopi na naslednjo vnaprej določeno kamero (ekosistem)</translation>
+    </message>
+    <message>
+        <source>Save camera as predefined</source>
+        <translation>Shrani kamero kot vnaprej določeno</translation>
+    </message>
+    <message>
+        <source>Reset camera position and rotation</source>
+        <translation>Ponastavi položaj in zasuk kamere</translation>
+    </message>
+    <message>
+        <source>Keep camera position above terrain surface (ecosystem mode)</source>
+        <translation>Kamera ostane nad površjem terena (ekosistem)</translation>
+    </message>
+    <message>
+        <source>Force camera position at terrain surface (ecosystem mode)</source>
+        <translation>Kamera na površju terena (ekosistem)</translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation>Premik gor</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>Premik dol</translation>
+    </message>
+    <message>
+        <source>Move left</source>
+        <translation>Premik levo</translation>
+    </message>
+    <message>
+        <source>Move right</source>
+        <translation>Premik desno</translation>
+    </message>
+    <message>
+        <source>Move forward</source>
+        <translation>Premik naprej</translation>
+    </message>
+    <message>
+        <source>Move backward</source>
+        <translation>Premik nazaj</translation>
+    </message>
+    <message>
+        <source>Rotate left</source>
+        <translation>Zasuk levo</translation>
+    </message>
+    <message>
+        <source>Rotate right</source>
+        <translation>Zasuk desno</translation>
+    </message>
+    <message>
+        <source>Rotate up</source>
+        <translation>Zasuk gor</translation>
+    </message>
+    <message>
+        <source>Rotate down</source>
+        <translation>Zasuk dol</translation>
+    </message>
+    <message>
+        <source>Rotate in</source>
+        <translation>Nagib noter</translation>
+    </message>
+    <message>
+        <source>Rotate out</source>
+        <translation>Nagib ven</translation>
+    </message>
+    <message>
+        <source>Move up more</source>
+        <translation>Večji premik gor</translation>
+    </message>
+    <message>
+        <source>Move down more</source>
+        <translation>Večji premik dol</translation>
+    </message>
+    <message>
+        <source>Move left more</source>
+        <translation>Večji premik levo</translation>
+    </message>
+    <message>
+        <source>Move right more</source>
+        <translation>Večji premik desno</translation>
+    </message>
+    <message>
+        <source>Move forward more</source>
+        <translation>Večji premik naprej</translation>
+    </message>
+    <message>
+        <source>Move backward more</source>
+        <translation>Večji premik nazaj</translation>
+    </message>
+    <message>
+        <source>Move up less</source>
+        <translation>Manjši premik gor</translation>
+    </message>
+    <message>
+        <source>Move down less</source>
+        <translation>Manjši premik dol</translation>
+    </message>
+    <message>
+        <source>Move left less</source>
+        <translation>Manjši premik levo</translation>
+    </message>
+    <message>
+        <source>Move right less</source>
+        <translation>Manjši premik desno</translation>
+    </message>
+    <message>
+        <source>Move forward less</source>
+        <translation>Manjši premik naprej</translation>
+    </message>
+    <message>
+        <source>Move backward less</source>
+        <translation>Manjši premik nazaj</translation>
+    </message>
 </context>
 <context>
     <name>gui::About</name>
@@ -118,6 +306,37 @@
     <message>
         <source>Compiled vertex array is not supported with this driver, using failover.</source>
         <translation>Ta gonilnik ne podpira prevedenih tabel oglišč, uporabljam nadomestno pot.</translation>
+    </message>
+</context>
+<context>
+    <name>gui::PlantArea</name>
+    <message>
+        <source>Plant area setup</source>
+        <translation>Nastavitev območja rastlin</translation>
+    </message>
+    <message>
+        <source>Minimum x:</source>
+        <translation>Najmanjši x:</translation>
+    </message>
+    <message>
+        <source>Maximum x:</source>
+        <translation>Največji x:</translation>
+    </message>
+    <message>
+        <source>Minimum y:</source>
+        <translation>Najmanjši y:</translation>
+    </message>
+    <message>
+        <source>Maximum y:</source>
+        <translation>Največji y:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>V redu</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Prekliči</translation>
     </message>
 </context>
 <context>

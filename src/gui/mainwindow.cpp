@@ -6,6 +6,9 @@
 #include "gui/actionhandling/viewhandler.h"
 #include "gui/help.h"
 #include "gui/oglwidget.h"
+#include "gui/plantarea.h"
+
+#include <QSpinBox>
 
 namespace gui {
 
@@ -49,10 +52,17 @@ void MainWindow::bindTimeKeeper() {
             &actionhandling::TimeKeeper::stopTreeAnimation);
 }
 
-void MainWindow::bindSceneActions() {}
+void MainWindow::bindSceneActions() {
+    connect(ui.actionCompute_more_simulation_steps_per_one_rendered_frame, &QAction::triggered,
+            currentModel, &EcosystemRender::actionRender_less_often_skip_more_frames);
+    connect(ui.actionCompute_less_simulation_steps_per_one_rendered_frame, &QAction::triggered,
+            currentModel, &EcosystemRender::actionRender_more_often_skip_less_frames);
+}
 
 void MainWindow::bindViewHandler() {
     viewHandler = new actionhandling::ViewHandler(this, currentModel);
+    connect(ui.actionShow_ecosystem, &QAction::triggered, viewHandler,
+            &actionhandling::ViewHandler::actionShow_ecosystem);
 }
 
 void MainWindow::newGlContextInitialized(OglWidget* view) {
@@ -71,6 +81,21 @@ void MainWindow::on_actionAdd_view_triggered() {
     connect(view, &OglWidget::newGlContextInitialized, this, &MainWindow::newGlContextInitialized);
     dock->setWidget(view);
     ui.vboxLayout->addWidget(dock);
+}
+
+void MainWindow::on_actionSet_plant_area_triggered() {
+    if (!currentModel)
+        return;
+    PlantArea dialog(this);
+    dialog.minX->setValue(currentModel->getLupaMinX());
+    dialog.maxX->setValue(currentModel->getLupaMaxX());
+    dialog.minY->setValue(currentModel->getLupaMinY());
+    dialog.maxY->setValue(currentModel->getLupaMaxY());
+    connect(dialog.minX, &QSpinBox::valueChanged, currentModel, &EcosystemRender::setLupaMinX);
+    connect(dialog.maxX, &QSpinBox::valueChanged, currentModel, &EcosystemRender::setLupaMaxX);
+    connect(dialog.minY, &QSpinBox::valueChanged, currentModel, &EcosystemRender::setLupaMinY);
+    connect(dialog.maxY, &QSpinBox::valueChanged, currentModel, &EcosystemRender::setLupaMaxY);
+    dialog.exec();
 }
 
 void MainWindow::on_actionAbout_triggered() {

@@ -44,6 +44,7 @@ public slots:
     void bindNewModel(ecosystem::render::EcosystemRender* model);
     void newGlContextInitialized(gui::OglWidget* view);
     void on_actionAdd_view_triggered();
+    void on_actionSet_plant_area_triggered();
     void on_actionAbout_triggered();
     void on_actionUsage_triggered();
     void cycleView();

@@ -4,6 +4,10 @@
 #include "gui/glformat.h"
 #include "gui/mainwindow.h"
 #include "gui/oglwidget.h"
+#include "gui/plantarea.h"
+
+#include <QSpinBox>
+#include <QTimer>
 
 #include <QApplication>
 #include <QMenuBar>
@@ -117,6 +121,63 @@ private slots:
         QVERIFY(!view->actionRotate);
         send(view, QEvent::MouseButtonRelease, QPoint(0, 0), Qt::RightButton, Qt::LeftButton);
         QVERIFY(!view->actionMove && !view->actionRotate);
+    }
+
+    void plantAreaChangesTakeEffectAtOnce() {
+        MainWindow w;
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QTRY_VERIFY(w.currentModel != nullptr);
+        ecosystem::render::EcosystemRender* scene = w.currentModel;
+        QCOMPARE(scene->getLupaMinX(), 25);
+        QCOMPARE(scene->getLupaMaxY(), 75);
+        bool seen = false;
+        QTimer::singleShot(0, this, [&] {
+            auto* dialog = qobject_cast<gui::PlantArea*>(QApplication::activeModalWidget());
+            QVERIFY(dialog);
+            seen = true;
+            QCOMPARE(dialog->windowTitle(), QString("Plant area setup"));
+            QCOMPARE(dialog->minX->value(), 25);
+            QCOMPARE(dialog->maxY->maximum(), 99);
+            dialog->minX->setValue(30);
+            dialog->maxY->setValue(60);
+            QCOMPARE(scene->getLupaMinX(), 30);
+            QCOMPARE(scene->getLupaMaxY(), 60);
+            dialog->reject(); // closing undoes nothing
+        });
+        w.ui.actionSet_plant_area->trigger();
+        QVERIFY(seen);
+        QCOMPARE(scene->getLupaMinX(), 30);
+        QCOMPARE(scene->getLupaMaxY(), 60);
+    }
+
+    void stepsPerFrameActions() {
+        MainWindow w;
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QTRY_VERIFY(w.currentModel != nullptr);
+        ecosystem::render::EcosystemRender* scene = w.currentModel;
+        w.ui.actionCompute_less_simulation_steps_per_one_rendered_frame->trigger();
+        QCOMPARE(scene->simulationStepsPerRenderedFrame, 1);
+        w.ui.actionCompute_more_simulation_steps_per_one_rendered_frame->trigger();
+        w.ui.actionCompute_more_simulation_steps_per_one_rendered_frame->trigger();
+        QCOMPARE(scene->simulationStepsPerRenderedFrame, 3);
+        w.ui.actionCompute_less_simulation_steps_per_one_rendered_frame->trigger();
+        QCOMPARE(scene->simulationStepsPerRenderedFrame, 2);
+    }
+
+    void showEcosystemSwitchesModes() {
+        MainWindow w;
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QTRY_VERIFY(w.currentModel != nullptr);
+        QVERIFY(!w.currentModel->isSingleRender());
+        QVERIFY(w.ui.actionShow_ecosystem->isChecked());
+        w.ui.actionShow_ecosystem->trigger();
+        QVERIFY(w.currentModel->isSingleRender());
+        QVERIFY(!w.ui.actionShow_ecosystem->isChecked());
+        w.ui.actionShow_ecosystem->trigger();
+        QVERIFY(!w.currentModel->isSingleRender());
     }
 
     void quitClosesTheWindow() {
