@@ -17,6 +17,17 @@
     </message>
 </context>
 <context>
+    <name>EcosystemRender</name>
+    <message>
+        <source>Error</source>
+        <translation>Napaka</translation>
+    </message>
+    <message>
+        <source>Could not open bark texture file.</source>
+        <translation>Datoteke s teksturo lubja ni bilo mogoče odpreti.</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Bosket</source>

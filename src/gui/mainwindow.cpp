@@ -53,6 +53,18 @@ void MainWindow::bindTimeKeeper() {
 }
 
 void MainWindow::bindSceneActions() {
+    connect(ui.actionSelect_next_tree_parameters_tree_edit_mode, &QAction::triggered, currentModel,
+            &EcosystemRender::selectNextTreeSpecies);
+    connect(ui.actionEnlarge_leave_size, &QAction::triggered, currentModel,
+            &EcosystemRender::actionEnlarge_leave_size);
+    connect(ui.actionReduce_leave_size, &QAction::triggered, currentModel,
+            &EcosystemRender::actionReduce_leave_size);
+    connect(ui.actionGrow_tree, &QAction::triggered, currentModel,
+            &EcosystemRender::actionGrow_tree);
+    connect(ui.actionSpin_tree, &QAction::triggered, currentModel,
+            &EcosystemRender::actionSpin_tree);
+    connect(ui.actionSway_tree_in_wind, &QAction::triggered, currentModel,
+            &EcosystemRender::actionSway_tree_in_wind);
     connect(ui.actionCompute_more_simulation_steps_per_one_rendered_frame, &QAction::triggered,
             currentModel, &EcosystemRender::actionRender_less_often_skip_more_frames);
     connect(ui.actionCompute_less_simulation_steps_per_one_rendered_frame, &QAction::triggered,

@@ -1,8 +1,14 @@
 #include "ecosystem/render/ecosystemrender.h"
 
+#include "arbo/arbo.h"
+#include "arbo/gltexture.h"
+#include "arbo/usermessage.h"
 #include "ecosystem/render/camera.h"
 #include "ecosystem/render/framerate.h"
 #include "ecosystem/simulation/data/terraindata.h"
+
+#include <QCoreApplication>
+#include <QImage>
 
 #include <GL/gl.h>
 
@@ -22,17 +28,90 @@ EcosystemRender::EcosystemRender(QOpenGLContext* /*context*/, QOpenGLWidget* wid
 
 EcosystemRender::~EcosystemRender() {
     delete terrainData;
+    for (arbo::Arbo* tree : izglediDrevesnihVrst) {
+        arbo::GlTexture::release(tree->pogled.textureNames[0]);
+        arbo::GlTexture::release(tree->pogled.textureNames[1]);
+        delete tree;
+    }
 }
 
 void EcosystemRender::initModelObjects() {
     terrainData = new data::CTerrainData();
+    createModelTrees();
     if (!terrainData->isDataReady())
         terrainData->buildTerrainData();
 }
 
-void EcosystemRender::initAllTextures(QOpenGLWidget* /*widget*/) {}
+// Five species trees from the collection (relative to the working directory;
+// a missing file leaves the default parameters) and the default tree.
+void EcosystemRender::createModelTrees() {
+    const char* files[] = {"bin/zbirka-4/grm5.tree.xml",
+                           "bin/zbirka-4/Vrba Zalujka (Salix Babylonica).tree.xml",
+                           "bin/zbirka-4/javorVelikZgorajGost.tree.xml",
+                           "bin/zbirka-4/smrekaMini.tree.xml",
+                           "bin/zbirka-4/manjseDefault100_vecjiListi.tree.xml", ""};
+    for (const char* file : files) {
+        auto* tree = new arbo::Arbo();
+        tree->createKvadraticnePloskve();
+        tree->pdPrepared.loadParameters(file);
+        izglediDrevesnihVrst.append(tree);
+    }
+    selectTree(5);
+}
+
+void EcosystemRender::selectTree(int index) {
+    indexIzbranegaDrevesa = index;
+    izbranoArbo = izglediDrevesnihVrst[index];
+}
+
+void EcosystemRender::makeTransparent(QImage& image) {
+    image = image.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x)
+            if (qRed(line[x]) > 200 && qGreen(line[x]) > 200 && qBlue(line[x]) > 200)
+                line[x] = qRgba(255, 255, 255, 0);
+    }
+}
+
+void EcosystemRender::reloadAllTreeTextures() {
+    const int selected = indexIzbranegaDrevesa;
+    for (int i = 0; i < izglediDrevesnihVrst.size(); ++i) {
+        selectTree(i);
+        reloadCurrentTreeTextures();
+    }
+    selectTree(selected);
+}
+
+void EcosystemRender::reloadCurrentTreeTextures() {
+    const QString barkName =
+        QString::fromStdString(izbranoArbo->pdPrepared.barkTextureFileName).replace('\\', '/');
+    const QString leafName =
+        QString::fromStdString(izbranoArbo->pdPrepared.leafTextureFileName).replace('\\', '/');
+    QImage bark(barkName), leaf;
+    if (bark.isNull() || !leaf.load(leafName)) {
+        arbo::showUserMessage(
+            QCoreApplication::translate("EcosystemRender", "Error").toStdString(),
+            QCoreApplication::translate("EcosystemRender", "Could not open bark texture file.")
+                .toStdString());
+        return;
+    }
+    makeTransparent(bark);
+    makeTransparent(leaf);
+    GLuint* names = izbranoArbo->pogled.textureNames;
+    arbo::GlTexture::release(names[0]);
+    arbo::GlTexture::release(names[1]);
+    names[0] = arbo::GlTexture::bind(bark);
+    names[1] = arbo::GlTexture::bind(leaf);
+    izbranoArbo->reloadIdTextures(1, 1);
+}
+
+void EcosystemRender::initAllTextures(QOpenGLWidget* /*widget*/) { reloadAllTreeTextures(); }
 
 void EcosystemRender::render() {
+    const arbo::Pogled& pogled = izbranoArbo->pogled;
+    if (!pogled.animateGrow && !pogled.animateOrbitAround && !pogled.animateWindSway)
+        emit stopTreeAnimation();
     if (doNotRefreshDisplay)
         return;
     countFrame();
@@ -41,7 +120,10 @@ void EcosystemRender::render() {
     else
         glDisable(GL_LIGHTING);
     checkGlError("Zacetek renderiranja");
-    if (!singleRender)
+    if (singleRender)
+        izbranoArbo->drawSingleTreeCentered(camera->dol_pomik, camera->levo_pomik, camera->z_pomik,
+                                            camera->x_zasuk, camera->y_zasuk);
+    else
         renderEcosystem();
     checkGlError("Vse zrenderirano");
 }
@@ -113,6 +195,50 @@ void EcosystemRender::checkGlError(const char* message) {
 
 void EcosystemRender::toggleSingleRender() {
     singleRender = !singleRender;
+    izbranoArbo->pogled.animateGrow = false;
+    izbranoArbo->pogled.wireframe = false;
+    izbranoArbo->pogled.orbit = 0;
+}
+
+void EcosystemRender::selectNextTreeSpecies() {
+    arbo::Pogled& old = izbranoArbo->pogled;
+    const bool orbit = old.animateOrbitAround, sway = old.animateWindSway;
+    old.animateOrbitAround = false;
+    old.animateWindSway = false;
+    // The spin and sway go with the selection; growing does not.
+    selectTree((indexIzbranegaDrevesa + 1) % int(izglediDrevesnihVrst.size()));
+    izbranoArbo->pogled.animateOrbitAround = orbit;
+    izbranoArbo->pogled.animateWindSway = sway;
+    emit modelDataChanged();
+}
+
+void EcosystemRender::actionEnlarge_leave_size() {
+    izbranoArbo->pdPrepared.listSize *= 1.1f;
+    emit modelDataChanged();
+}
+
+void EcosystemRender::actionReduce_leave_size() {
+    izbranoArbo->pdPrepared.listSize *= 0.91f;
+    emit modelDataChanged();
+}
+
+void EcosystemRender::actionGrow_tree() {
+    izbranoArbo->pogled.animateGrow = !izbranoArbo->pogled.animateGrow;
+    izbranoArbo->pogled.starostDrevesa = 0.0;
+    emit modelDataChanged();
+    emit startTreeAnimation();
+}
+
+void EcosystemRender::actionSpin_tree() {
+    izbranoArbo->pogled.animateOrbitAround = !izbranoArbo->pogled.animateOrbitAround;
+    emit modelDataChanged();
+    emit startTreeAnimation();
+}
+
+void EcosystemRender::actionSway_tree_in_wind() {
+    izbranoArbo->pogled.animateWindSway = !izbranoArbo->pogled.animateWindSway;
+    emit modelDataChanged();
+    emit startTreeAnimation();
 }
 void EcosystemRender::toggleLightingEnabled() {
     lightingEnabled = !lightingEnabled;

@@ -1,13 +1,19 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QString>
 
 #include <string>
 #include <vector>
 
+class QImage;
 class QOpenGLContext;
 class QOpenGLWidget;
+
+namespace arbo {
+class Arbo;
+}
 
 namespace ecosystem::data {
 class CTerrainData;
@@ -28,6 +34,7 @@ public:
     ~EcosystemRender() override;
 
     bool isSingleRender() const { return singleRender; }
+    arbo::Arbo* getIzbranoArbo() const { return izbranoArbo; }
     Camera* getCurrentCamera() const { return camera; }
     data::CTerrainData* getTerrainData() const { return terrainData; }
     int getLupaMinX() const;
@@ -44,6 +51,11 @@ public:
     bool displayLandMarkings = false;
     Camera* camera = nullptr;
     data::CTerrainData* terrainData = nullptr;
+    // Index i < 5 is the model of the species whose type is i; the sixth
+    // belongs to no species.
+    QList<arbo::Arbo*> izglediDrevesnihVrst;
+    arbo::Arbo* izbranoArbo = nullptr;
+    int indexIzbranegaDrevesa = 5;
     QOpenGLWidget* qGLWidget = nullptr;
     int simulationStepsPerRenderedFrame = 1;
     bool lightingEnabled = true;
@@ -70,6 +82,14 @@ signals:
 public slots:
     void render();
     void initAllTextures(QOpenGLWidget* widget);
+    void reloadCurrentTreeTextures();
+    void reloadAllTreeTextures();
+    void selectNextTreeSpecies();
+    void actionEnlarge_leave_size();
+    void actionReduce_leave_size();
+    void actionGrow_tree();
+    void actionSpin_tree();
+    void actionSway_tree_in_wind();
     void toggleSingleRender();
     void toggleLightingEnabled();
     void toggleShowFPS();
@@ -94,8 +114,14 @@ public slots:
     void setLupaMaxY(int v);
     void reloadDMR(std::string fileName);
 
+public:
+    // Pixels whose red, green and blue all exceed 200 become transparent white.
+    static void makeTransparent(QImage& image);
+
 private:
     void initModelObjects();
+    void createModelTrees();
+    void selectTree(int index);
     void countFrame();
     void setLightPosition();
     void renderEcosystem();
