@@ -49,7 +49,8 @@ void EcosystemRender::createModelTrees() {
                            "bin/zbirka-4/Vrba Zalujka (Salix Babylonica).tree.xml",
                            "bin/zbirka-4/javorVelikZgorajGost.tree.xml",
                            "bin/zbirka-4/smrekaMini.tree.xml",
-                           "bin/zbirka-4/manjseDefault100_vecjiListi.tree.xml", ""};
+                           "bin/zbirka-4/manjseDefault100_vecjiListi.tree.xml",
+                           ""};
     for (const char* file : files) {
         auto* tree = new arbo::Arbo();
         tree->createKvadraticnePloskve();
@@ -106,7 +107,9 @@ void EcosystemRender::reloadCurrentTreeTextures() {
     izbranoArbo->reloadIdTextures(1, 1);
 }
 
-void EcosystemRender::initAllTextures(QOpenGLWidget* /*widget*/) { reloadAllTreeTextures(); }
+void EcosystemRender::initAllTextures(QOpenGLWidget* /*widget*/) {
+    reloadAllTreeTextures();
+}
 
 void EcosystemRender::render() {
     const arbo::Pogled& pogled = izbranoArbo->pogled;
