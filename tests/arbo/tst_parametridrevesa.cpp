@@ -41,13 +41,18 @@ bool enakeKrivulje(const Krivulja& a, const Krivulja& b) {
 }
 
 bool enaka(const ParametriDrevesa& a, const ParametriDrevesa& b) {
-    const Krivulja ParametriDrevesa::*k[12] = {
-        &ParametriDrevesa::verjetnostiVejitveG,      &ParametriDrevesa::verjetnostiVejitveW,
-        &ParametriDrevesa::kotVejitveG,              &ParametriDrevesa::kotVejitveW,
-        &ParametriDrevesa::minCharacteristicLengthG, &ParametriDrevesa::minCharacteristicLengthW,
-        &ParametriDrevesa::maxCharacteristicLengthG, &ParametriDrevesa::maxCharacteristicLengthW,
-        &ParametriDrevesa::lengthScalingG,           &ParametriDrevesa::lengthScalingW,
-        &ParametriDrevesa::gravimorphismImpactG,     &ParametriDrevesa::gravimorphismImpactW};
+    const Krivulja ParametriDrevesa::*k[12] = {&ParametriDrevesa::verjetnostiVejitveG,
+                                               &ParametriDrevesa::verjetnostiVejitveW,
+                                               &ParametriDrevesa::kotVejitveG,
+                                               &ParametriDrevesa::kotVejitveW,
+                                               &ParametriDrevesa::minCharacteristicLengthG,
+                                               &ParametriDrevesa::minCharacteristicLengthW,
+                                               &ParametriDrevesa::maxCharacteristicLengthG,
+                                               &ParametriDrevesa::maxCharacteristicLengthW,
+                                               &ParametriDrevesa::lengthScalingG,
+                                               &ParametriDrevesa::lengthScalingW,
+                                               &ParametriDrevesa::gravimorphismImpactG,
+                                               &ParametriDrevesa::gravimorphismImpactW};
     for (auto c : k)
         if (!enakeKrivulje(a.*c, b.*c))
             return false;
@@ -59,8 +64,7 @@ bool enaka(const ParametriDrevesa& a, const ParametriDrevesa& b) {
            a.windSpeedNodirect == b.windSpeedNodirect &&
            a.barkTextureFileName == b.barkTextureFileName &&
            a.leafTextureFileName == b.leafTextureFileName &&
-           std::memcmp(a.verjetnostVejitve, b.verjetnostVejitve, sizeof a.verjetnostVejitve) ==
-               0 &&
+           std::memcmp(a.verjetnostVejitve, b.verjetnostVejitve, sizeof a.verjetnostVejitve) == 0 &&
            std::memcmp(a.graviMorfizem, b.graviMorfizem, sizeof a.graviMorfizem) == 0 &&
            std::memcmp(a.charMin, b.charMin, sizeof a.charMin) == 0;
 }
@@ -108,10 +112,10 @@ private slots:
 
     void tablesAreLimited() {
         ParametriDrevesa p;
-        for (Krivulja* k : {&p.verjetnostiVejitveG, &p.verjetnostiVejitveW, &p.kotVejitveG,
-                            &p.kotVejitveW, &p.minCharacteristicLengthG,
-                            &p.minCharacteristicLengthW, &p.gravimorphismImpactG,
-                            &p.gravimorphismImpactW})
+        for (Krivulja* k :
+             {&p.verjetnostiVejitveG, &p.verjetnostiVejitveW, &p.kotVejitveG, &p.kotVejitveW,
+              &p.minCharacteristicLengthG, &p.minCharacteristicLengthW, &p.gravimorphismImpactG,
+              &p.gravimorphismImpactW})
             *k = krivulja({{0, 1}, {1, 1}});
         p.recalculateRelativeParams();
         QCOMPARE(p.verjetnostVejitve[3][7], 1.0);
@@ -215,8 +219,8 @@ private slots:
         QTest::newRow("bool 2") << q("b\nl\n100 5 0.01 85 0.3 2 0.1 5 1.5 0\n" + krivulje);
         QTest::newRow("one vertex") << q(dobro + "1\t\n0\t0.5\n\n" + krivulje.substr(16));
         QTest::newRow("no vertex") << q(dobro + "0\t\n\n" + krivulje.substr(16));
-        QTest::newRow("long name") << q(std::string(300, 'a') + "\nl\n" + dobro.substr(12) +
-                                        krivulje);
+        QTest::newRow("long name")
+            << q(std::string(300, 'a') + "\nl\n" + dobro.substr(12) + krivulje);
         QTest::newRow("empty") << QString();
     }
     void badFilesKeepTheOldSet() {
@@ -229,6 +233,20 @@ private slots:
         const ParametriDrevesa prej(p);
         QVERIFY(!p.loadParameters("slabo.tree.xml"));
         QVERIFY(enaka(p, prej));
+    }
+
+    void speciesCollectionLoads() {
+        const char* imena[5] = {"grm5.tree.xml", "Vrba Zalujka (Salix Babylonica).tree.xml",
+                                "javorVelikZgorajGost.tree.xml", "smrekaMini.tree.xml",
+                                "manjseDefault100_vecjiListi.tree.xml"};
+        for (const char* ime : imena) {
+            ParametriDrevesa p;
+            QVERIFY2(p.loadParameters(std::string(VIRELA_SOURCE_DIR "/bin/zbirka-4/") + ime), ime);
+            QCOMPARE(p.barkTextureFileName, std::string(":/gui/textures/bark.jpg"));
+        }
+        ParametriDrevesa smreka;
+        QVERIFY(smreka.loadParameters(VIRELA_SOURCE_DIR "/bin/zbirka-4/smrekaMini.tree.xml"));
+        QCOMPARE(smreka.tipListov, 4); // "Coniferous"
     }
 
     void missingFiles() {
