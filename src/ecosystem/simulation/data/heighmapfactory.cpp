@@ -110,7 +110,8 @@ void CHeighMapFactory::loadDmrHeighMap(const char* fileName) {
         reportDmrError(QT_TRANSLATE_NOOP("CHeighMapFactory", "Could not open DEM terrain file."));
         return;
     }
-    NumberReader reader(file.readAll());
+    const QByteArray text = file.readAll();
+    NumberReader reader(text); // reads from text, which must outlive it
     CTerrainData& t = *terrainData;
 
     t.dmrMaxX = t.dmrMaxY = t.dmrMaxZ = -1;
