@@ -83,7 +83,10 @@ QImage loadHeightTexture(int band) {
     const QString name = QString(":/gui/textures/height%1.jpg").arg(band + 1);
     QImage image(name);
     if (image.isNull()) {
-        qWarning().noquote() << "Height texture" << name << "not found; using a plain colour.";
+        static bool warned[nrHeightTextures] = {};
+        if (!warned[band])
+            qWarning().noquote() << "Height texture" << name << "not found; using a plain colour.";
+        warned[band] = true;
         return fallbackHeightTexture(band);
     }
     return image;
