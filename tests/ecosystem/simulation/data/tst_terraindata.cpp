@@ -52,7 +52,7 @@ void writeDem(const QString& path, int nrPoints, float z, const QByteArray& tail
 class TestTerrainData : public QObject {
     Q_OBJECT
 private slots:
-    void defaultTerrainHasSpecifiedInitialState() {
+    void defaultTerrainStartsWithItsDocumentedState() {
         CTerrainData t;
         QCOMPARE(t.stTockX, 100);
         QCOMPARE(t.stTockY, 100);
