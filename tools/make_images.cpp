@@ -2,6 +2,7 @@
 // given as the only argument. Every image is computed from fixed seeds, so two runs write
 // identical files.
 
+#include "images/sky.h"
 #include "images/textures.h"
 
 #include <QDir>
@@ -19,7 +20,7 @@ bool save(const QImage& image, const QString& path) {
     if (jpeg)
         writer.setQuality(90);
     else
-        writer.setCompression(9);
+        writer.setQuality(0); // for PNG: the strongest compression
     if (!writer.write(image)) {
         std::fprintf(stderr, "cannot write %s: %s\n", qPrintable(path),
                      qPrintable(writer.errorString()));
@@ -52,5 +53,14 @@ int main(int argc, char** argv) {
     ok &= save(images::makeDetail(), textures + "detail.png");
     for (int band = 1; band <= 5; ++band)
         ok &= save(images::makeGround(band), textures + QString("height%1.jpg").arg(band));
+    using images::SkyFace;
+    const std::pair<SkyFace, const char*> faces[] = {{SkyFace::North, "sky_n.png"},
+                                                     {SkyFace::South, "sky_s.png"},
+                                                     {SkyFace::East, "sky_e.png"},
+                                                     {SkyFace::West, "sky_w.png"},
+                                                     {SkyFace::Up, "sky_u.png"}};
+    for (const auto& [face, name] : faces)
+        ok &= save(images::makeSkyFace(face), textures + name);
+    ok &= save(images::makeSkyGround(), textures + "sky_d.png");
     return ok ? 0 : 1;
 }

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <vector>
 
 namespace images {
 
@@ -157,5 +158,22 @@ inline QRgb toQRgb(const Rgb& c) {
 inline Rgb fromQRgb(QRgb c) {
     return {float(qRed(c)), float(qGreen(c)), float(qBlue(c))};
 }
+
+// A float field over a w x h image, read with wrap-around so that derivatives tile.
+struct Field {
+    int w, h;
+    std::vector<float> v;
+    Field(int w_, int h_) : w(w_), h(h_), v(size_t(w_) * size_t(h_), 0.0f) {}
+    float& at(int x, int y) { return v[size_t(wrap(y, h)) * size_t(w) + size_t(wrap(x, w))]; }
+    float get(int x, int y) const { return v[size_t(wrap(y, h)) * size_t(w) + size_t(wrap(x, w))]; }
+    // Lambert-like shading of the field seen as a height map, light from the upper left.
+    float shade(int x, int y, float relief) const {
+        const float dx = (get(x + 1, y) - get(x - 1, y)) * relief;
+        const float dy = (get(x, y + 1) - get(x, y - 1)) * relief;
+        const float len = std::sqrt(dx * dx + dy * dy + 1.0f);
+        const float lx = -0.55f, ly = -0.55f, lz = 0.63f;
+        return (-dx * lx - dy * ly + lz) / len / lz;
+    }
+};
 
 } // namespace images
