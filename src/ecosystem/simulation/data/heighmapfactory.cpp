@@ -83,7 +83,10 @@ QImage loadHeightTexture(int band) {
     const QString name = QString(":/gui/textures/height%1.jpg").arg(band + 1);
     QImage image(name);
     if (image.isNull()) {
-        qWarning().noquote() << "Height texture" << name << "not found; using a plain colour.";
+        static bool warned[nrHeightTextures] = {};
+        if (!warned[band])
+            qWarning().noquote() << "Height texture" << name << "not found; using a plain colour.";
+        warned[band] = true;
         return fallbackHeightTexture(band);
     }
     return image;
@@ -110,7 +113,8 @@ void CHeighMapFactory::loadDmrHeighMap(const char* fileName) {
         reportDmrError(QT_TRANSLATE_NOOP("CHeighMapFactory", "Could not open DEM terrain file."));
         return;
     }
-    NumberReader reader(file.readAll());
+    const QByteArray text = file.readAll();
+    NumberReader reader(text); // reads from text, which must outlive it
     CTerrainData& t = *terrainData;
 
     t.dmrMaxX = t.dmrMaxY = t.dmrMaxZ = -1;

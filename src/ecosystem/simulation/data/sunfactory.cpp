@@ -3,7 +3,13 @@
 #include "ecosystem/simulation/data/elevationangle.h"
 #include "ecosystem/simulation/data/terraindata.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <thread>
+#include <vector>
 
 namespace ecosystem::data {
 
@@ -18,6 +24,186 @@ Tocka normalised(Tocka t) {
     t.normalize();
     return t;
 }
+
+// Floats in ascending order as integers, so that a search can halve them.
+long long orderedKey(float f) {
+    std::uint32_t bits;
+    std::memcpy(&bits, &f, sizeof bits);
+    return (bits & 0x80000000u) ? -(long long)(bits & 0x7fffffffu) : (long long)bits;
+}
+
+float fromOrderedKey(long long key) {
+    const std::uint32_t bits = key >= 0 ? std::uint32_t(key) : (std::uint32_t(-key) | 0x80000000u);
+    float f;
+    std::memcpy(&f, &bits, sizeof f);
+    return f;
+}
+
+// The largest tangent whose elevation angle, rounded as the ray rounds it,
+// does not exceed sunAngle: terrain hides the sun exactly when its tangent is
+// greater. Found by halving the floats, as the rounded arctangent never falls.
+float hidingTangent(float sunAngle) {
+    auto notAbove = [sunAngle](float t) { return float(std::atan(double(t))) <= sunAngle; };
+    const float maxFloat = std::numeric_limits<float>::max();
+    if (!notAbove(-maxFloat))
+        return -std::numeric_limits<float>::infinity();
+    if (notAbove(maxFloat))
+        return std::numeric_limits<float>::infinity();
+    long long lo = orderedKey(-maxFloat), hi = orderedKey(maxFloat);
+    while (hi - lo > 1) {
+        const long long mid = lo + (hi - lo) / 2;
+        (notAbove(fromOrderedKey(mid)) ? lo : hi) = mid;
+    }
+    return fromOrderedKey(lo);
+}
+
+// Highest vertex of each column (row) together with all columns (rows) beyond
+// it in one direction: no later point of a ray can stand higher.
+struct HeightBounds {
+    std::vector<float> fromColumnUp, fromColumnDown, fromRowUp, fromRowDown;
+    float highest = 0.0f;
+
+    explicit HeightBounds(const CTerrainData& t)
+        : fromColumnUp(t.stTockX), fromColumnDown(t.stTockX), fromRowUp(t.stTockY),
+          fromRowDown(t.stTockY) {
+        const float lowest = -std::numeric_limits<float>::infinity();
+        std::vector<float> column(t.stTockX, lowest), row(t.stTockY, lowest);
+        for (int y = 0; y < t.stTockY; ++y) {
+            for (int x = 0; x < t.stTockX; ++x) {
+                const float h = t.pTerrainVertexData[x + y * t.stTockX].pos.y;
+                column[x] = std::max(column[x], h);
+                row[y] = std::max(row[y], h);
+            }
+        }
+        sweep(column, fromColumnUp, fromColumnDown);
+        sweep(row, fromRowUp, fromRowDown);
+        highest = fromColumnUp.empty() ? 0.0f : fromColumnUp[0];
+    }
+
+    static void sweep(const std::vector<float>& line, std::vector<float>& up,
+                      std::vector<float>& down) {
+        const int n = int(line.size());
+        for (int i = n - 1; i >= 0; --i)
+            up[i] = i == n - 1 ? line[i] : std::max(line[i], up[i + 1]);
+        for (int i = 0; i < n; ++i)
+            down[i] = i == 0 ? line[i] : std::max(line[i], down[i - 1]);
+    }
+};
+
+// One sun sample prepared for every vertex of the terrain.
+struct SunSample {
+    Tocka direction;
+    double weight;
+    bool horizontal;     // has a horizontal component: its ray can be hidden
+    bool lowerHides;     // the sun is so low that even lower terrain hides it
+    float hidingTangent; // terrain whose tangent exceeds this hides the sun
+    double stepLength;   // horizontal metres per step
+};
+
+// The sunniness of getPointCumulativeSunniness, result for result, without its
+// repeated work: the sun path, the weights and the hiding angle are prepared
+// once per sample; a sample whose light falls on the back of the surface adds
+// nothing whether hidden or not and casts no ray; elevation angles are compared
+// as tangents; and a ray stops as soon as the terrain still ahead is too low to
+// hide the sun (with a safety margin far above rounding).
+class SunnyRays {
+public:
+    explicit SunnyRays(const CSunFactory& sun)
+        : sun(sun), t(sun.terrainData), bounds(sun.terrainData), scaleX(t.dimen.x / t.stTockX),
+          scaleZ(t.dimen.z / t.stTockY) {
+        const int n = sun.nrSunSamples;
+        const int m = n - 1;
+        for (int i = 0; i < n; ++i) {
+            SunSample s;
+            s.direction = sun.getSunPositionAtSample(i);
+            s.weight = m == 0 ? 1.0 : (i > m / 2 ? 3.0 - 2.0 * i / m : 2.0 * i / m + 1.0);
+            s.horizontal = !(s.direction.x == 0.0f && s.direction.z == 0.0f);
+            const float sunAngle = float(std::asin(s.direction.y / s.direction.dolzina()));
+            s.lowerHides = -1.0f > sunAngle;
+            s.hidingTangent = hidingTangent(sunAngle);
+            s.stepLength =
+                std::hypot(double(s.direction.x) * scaleX, double(s.direction.z) * scaleZ);
+            samples.push_back(s);
+        }
+    }
+
+    double sunniness(int x, int y, const Tocka& normal) const {
+        const int n = int(samples.size());
+        if (n == 0)
+            return 0.0;
+        double sum = 0.0;
+        for (const SunSample& s : samples) {
+            const double power =
+                sun.getSunPower(float(sun.getCosineBetweenNormalisedVectors(normal, s.direction)));
+            if (power == 0.0)
+                continue;
+            sum += power * s.weight * shelter(s, x, y);
+        }
+        return sum / n;
+    }
+
+private:
+    Tocka worldPoint(double gx, double gy) const {
+        const int index = int(gx) + int(gy) * t.stTockX;
+        return Tocka(float(gx * scaleX), t.pTerrainVertexData[index].pos.y, float(gy * scaleZ));
+    }
+
+    float heightBound(double gx, double gy, const Tocka& d) const {
+        float b = bounds.highest;
+        if (d.x > 0)
+            b = std::min(b, bounds.fromColumnUp[int(gx)]);
+        else if (d.x < 0)
+            b = std::min(b, bounds.fromColumnDown[int(gx)]);
+        if (d.z > 0)
+            b = std::min(b, bounds.fromRowUp[int(gy)]);
+        else if (d.z < 0)
+            b = std::min(b, bounds.fromRowDown[int(gy)]);
+        return b;
+    }
+
+    bool nothingAheadCanHide(const SunSample& s, float startHeight, double gx, double gy,
+                             int steps) const {
+        if (s.lowerHides || !(s.hidingTangent > 0.0f) || std::isinf(s.hidingTangent))
+            return false;
+        const double rise = double(heightBound(gx, gy, s.direction)) - startHeight;
+        const double distance = steps * s.stepLength;
+        return rise * 1.001 + 0.01 < double(s.hidingTangent) * distance * 0.999;
+    }
+
+    float shelter(const SunSample& s, int x, int y) const {
+        if (!s.horizontal)
+            return 1.0f;
+        const Tocka start = worldPoint(x, y);
+        double gx = x, gy = y;
+        for (int steps = 1;; ++steps) {
+            gx += s.direction.x;
+            gy += s.direction.z;
+            if (!(gx >= 0 && gx < t.stTockX && gy >= 0 && gy < t.stTockY))
+                return 1.0f;
+            if (nothingAheadCanHide(s, start.y, gx, gy, steps))
+                return 1.0f;
+            if (hides(s, start, worldPoint(gx, gy)))
+                return sun.difuseSunlightPower;
+        }
+    }
+
+    // The rule of elevationAngle, with the angle compared as its tangent.
+    static bool hides(const SunSample& s, const Tocka& start, const Tocka& current) {
+        if (start.y > current.y)
+            return s.lowerHides;
+        const Tocka diff = current - start;
+        const double horizontal = Tocka(diff.x, 0.0f, diff.z).dolzina();
+        if (horizontal == 0.0)
+            return s.lowerHides;
+        return float(diff.y / horizontal) > s.hidingTangent;
+    }
+
+    const CSunFactory& sun;
+    const CTerrainData& t;
+    HeightBounds bounds;
+    float scaleX, scaleZ;
+    std::vector<SunSample> samples;
+};
 
 } // namespace
 
@@ -132,15 +318,28 @@ double CSunFactory::getPointCumulativeSunniness(const Tocka2D& startingLocation,
     return sum / n;
 }
 
+// Gives every vertex exactly what getPointCumulativeSunniness gives it, faster:
+// see SunnyRays. Rows are shared out over the processor cores.
 void CSunFactory::buildSunniness() {
     CTerrainData& t = terrainData;
-    for (int y = 0; y < t.stTockY; ++y) {
-        for (int x = 0; x < t.stTockX; ++x) {
-            const int index = x + y * t.stTockX;
-            t.terrainSunniness[index] =
-                float(getPointCumulativeSunniness(Tocka2D(x, y), t.terrainNormals[index]));
+    const SunnyRays rays(*this);
+    const int nrThreads = t.stTockX * t.stTockY < 2000
+                              ? 1
+                              : std::clamp(int(std::thread::hardware_concurrency()), 1, 8);
+    auto work = [&](int first) {
+        for (int y = first; y < t.stTockY; y += nrThreads) {
+            for (int x = 0; x < t.stTockX; ++x) {
+                const int index = x + y * t.stTockX;
+                t.terrainSunniness[index] = float(rays.sunniness(x, y, t.terrainNormals[index]));
+            }
         }
-    }
+    };
+    std::vector<std::thread> helpers;
+    for (int i = 1; i < nrThreads; ++i)
+        helpers.emplace_back(work, i);
+    work(0);
+    for (std::thread& helper : helpers)
+        helper.join();
 }
 
 } // namespace ecosystem::data

@@ -1,0 +1,364 @@
+#include "ecosystem/simulation/data/terraindata.h"
+
+#include "ecosystem/simulation/data/terrainfixture.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <cmath>
+#include <fstream>
+
+using arbo::Tocka;
+using ecosystem::Tocka2i;
+using ecosystem::data::CTerrainData;
+using terraintest::MessageCatcher;
+
+namespace {
+
+struct DemPoint {
+    double x, y, z;
+};
+
+std::vector<DemPoint> readDefaultDemIndependently() {
+    std::ifstream in(VIRELA_SOURCE_DIR "/resources/textures/100x100.dmr");
+    std::vector<DemPoint> points;
+    DemPoint p;
+    while (in >> p.x >> p.y >> p.z)
+        points.push_back(p);
+    return points;
+}
+
+unsigned long long lcg(unsigned long long& s, unsigned r) {
+    s = (s * 69069ULL) % (1ULL << 33);
+    return (s % (1ULL << 32)) % r;
+}
+
+bool allFinite(const std::vector<float>& layer) {
+    return std::all_of(layer.begin(), layer.end(), [](float v) { return std::isfinite(v); });
+}
+
+void writeDem(const QString& path, int nrPoints, float z, const QByteArray& tail = {}) {
+    QFile f(path);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    for (int i = 0; i < nrPoints; ++i)
+        f.write(QByteArray::number(1000 + 25 * (i % 100)) + " " +
+                QByteArray::number(5000 - 25 * (i / 100)) + " " + QByteArray::number(z) + "\n");
+    f.write(tail);
+}
+
+} // namespace
+
+class TestTerrainData : public QObject {
+    Q_OBJECT
+private slots:
+    void defaultTerrainHasSpecifiedInitialState() {
+        CTerrainData t;
+        QCOMPARE(t.stTockX, 100);
+        QCOMPARE(t.stTockY, 100);
+        QCOMPARE(t.waterHeight, 0.0f);
+        QCOMPARE(t.dimen.x, 2500.0f);
+        QCOMPARE(t.dimen.y, 1000.0f);
+        QCOMPARE(t.dimen.z, 2500.0f);
+        QCOMPARE(t.origin.x, 0.0f);
+        QCOMPARE(t.lupaXmin, 25);
+        QCOMPARE(t.lupaXmax, 75);
+        QCOMPARE(t.lupaYmin, 25);
+        QCOMPARE(t.lupaYmax, 75);
+        QVERIFY(!t.isDataReady());
+        QVERIFY(t.getSunFactory() == nullptr);
+        QVERIFY(t.terrainNormalsFactory == nullptr && t.windFactory == nullptr);
+        QCOMPARE(int(t.pTerrainVertexData.size()), 10000);
+        QCOMPARE(int(t.terrainSunniness.size()), 10000);
+        QVERIFY(t.ortofotoTexture != nullptr);
+        QCOMPARE(t.ortofotoTexture->size(), QSize(128, 128));
+    }
+
+    void defaultDemIsLoadedRowByRowFromItsLowestPoint() {
+        const std::vector<DemPoint> file = readDefaultDemIndependently();
+        QCOMPARE(int(file.size()), 10000);
+        double minZ = 1e9, maxZ = -1e9, minX = 1e9, maxY = -1e9;
+        for (const DemPoint& p : file) {
+            minZ = std::min(minZ, p.z);
+            maxZ = std::max(maxZ, p.z);
+            minX = std::min(minX, p.x);
+            maxY = std::max(maxY, p.y);
+        }
+        CTerrainData t;
+        QCOMPARE(t.dmrMinZ, 596.2f);
+        QCOMPARE(t.dmrMaxZ, 960.4f);
+        QVERIFY(std::fabs(t.visinskaRazlikaNaTerenu - 364.2f) < 1e-3f);
+        QCOMPARE(t.dmrMinX, float(minX));
+        QCOMPARE(t.dmrMaxY, float(maxY));
+        float lowest = 1e9f, highest = -1e9f;
+        for (int i = 0; i < 10000; ++i) {
+            const Tocka& p = t.pTerrainVertexData[i].pos;
+            QCOMPARE(p.x, 25.0f * (i % 100));
+            QCOMPARE(p.z, 25.0f * (i / 100));
+            QVERIFY(std::fabs(p.y - (file[i].z - minZ)) < 1e-3);
+            QCOMPARE(t.ogliscaTerena[i].y, p.y);
+            lowest = std::min(lowest, p.y);
+            highest = std::max(highest, p.y);
+        }
+        QCOMPARE(lowest, 0.0f);
+        QVERIFY(std::fabs(highest - 364.2f) < 1e-3f);
+    }
+
+    void aboveWaterByPointAndByCell() {
+        CTerrainData t;
+        // Cells outside the lupa (bounds inclusive) are never above water.
+        QVERIFY(!t.jeNadVodo(Tocka2i(24, 50)));
+        QVERIFY(!t.jeNadVodo(Tocka2i(50, 76)));
+        QCOMPARE(t.jeNadVodo(Tocka2i(25, 25)), t.pTerrainVertexData[25 + 25 * 100].pos.y > 0.0f);
+        QCOMPARE(t.jeNadVodo(Tocka2i(75, 75)), t.pTerrainVertexData[75 + 75 * 100].pos.y > 0.0f);
+        // With water at 0 only the lowest point (height exactly 0) is wet.
+        QVERIFY(!t.jeNadVodo(Tocka(1, 0.0f, 1)));
+        QVERIFY(t.jeNadVodo(Tocka(1, 0.001f, 1)));
+        int wet = 0;
+        for (const auto& v : t.pTerrainVertexData)
+            wet += t.jeNadVodo(v.pos) ? 0 : 1;
+        QVERIFY(wet >= 1);
+        // Relative water level: half of the 364.2 m range.
+        t.waterHeight = 0.5f;
+        QVERIFY(!t.jeNadVodo(Tocka(0, 182.0f, 0)));
+        QVERIFY(t.jeNadVodo(Tocka(0, 182.2f, 0)));
+    }
+
+    void nonWaterIndexesListDryLupaVerticesWithDryNeighbours_data() {
+        QTest::addColumn<float>("waterHeight");
+        QTest::newRow("dry land") << 0.0f;
+        QTest::newRow("lake at 30%") << 0.3f;
+        QTest::newRow("flood at 70%") << 0.7f;
+    }
+    void nonWaterIndexesListDryLupaVerticesWithDryNeighbours() {
+        QFETCH(float, waterHeight);
+        CTerrainData t;
+        t.waterHeight = waterHeight;
+        t.buildNonwaterIndexes();
+        const double level = double(waterHeight) * t.visinskaRazlikaNaTerenu;
+        auto h = [&](int x, int y) { return double(t.pTerrainVertexData[x + y * 100].pos.y); };
+        std::vector<int> expected;
+        for (int y = 25; y < 75; ++y)
+            for (int x = 25; x < 75; ++x)
+                if (h(x, y) > level && h(x + 1, y) > level && h(x, y + 1) > level)
+                    expected.push_back(x + y * 100);
+        QCOMPARE(t.nonWaterIndexes, expected);
+        for (int index : t.nonWaterIndexes) {
+            QVERIFY(index % 100 >= 25 && index % 100 < 75);
+            QVERIFY(index / 100 >= 25 && index / 100 < 75);
+        }
+    }
+
+    void nonWaterIndexesAtGridEdgeSkipMissingNeighbours() {
+        CTerrainData t;
+        // Heights 1 everywhere except the second-to-last column, which is wet.
+        terraintest::reshape(t, 6, 5, [](int x, int) { return x == 4 ? 0.0f : 1.0f; });
+        t.lupaXmin = 0;
+        t.lupaXmax = 6; // past the grid: the last column is visited
+        t.lupaYmin = 0;
+        t.lupaYmax = 5;
+        t.buildNonwaterIndexes();
+        std::vector<int> expected;
+        for (int y = 0; y < 5; ++y)
+            for (int x : {0, 1, 2, 5}) // 3 has a wet +X neighbour, 4 is wet
+                expected.push_back(x + y * 6);
+        QCOMPARE(t.nonWaterIndexes, expected);
+    }
+
+    void randomPointDrawsStreamITwiceAndJOnce() {
+        CTerrainData t;
+        CTerrainData::randomPozicije3DNovihRastlinI = 1;
+        CTerrainData::randomPozicije3DNovihRastlinJ = 2;
+        unsigned long long i = 1, j = 2;
+        Tocka A(10, 20, 30), B(35, 24, 30), C(10, 18, 55);
+        for (int call = 0; call < 5; ++call) {
+            const float ri = float(lcg(i, 4096)) / 4096.0f;
+            const float rj = float(lcg(j, 4096)) / 4096.0f;
+            lcg(i, 4096);
+            const Tocka p = t.vrniNakljucnoPozicijo(A, B, C);
+            QCOMPARE(p.x, 10.0f + ri * 25.0f);
+            QCOMPARE(p.y, 20.0f + ri * 4.0f + rj * -2.0f);
+            QCOMPARE(p.z, 30.0f + rj * 25.0f);
+            QCOMPARE(CTerrainData::randomPozicije3DNovihRastlinI, i);
+            QCOMPARE(CTerrainData::randomPozicije3DNovihRastlinJ, j);
+        }
+    }
+
+    void newPlantStandsInItsCell() {
+        CTerrainData t;
+        CTerrainData::randomPozicije3DNovihRastlinI = 7;
+        CTerrainData::randomPozicije3DNovihRastlinJ = 11;
+        for (int k = 0; k < 200; ++k) {
+            Tocka p;
+            t.dolociPozicijoNoveRastline3D(Tocka2i(40, 60), p);
+            QVERIFY(p.x >= 1000.0f && p.x < 1025.0f);
+            QVERIFY(p.z >= 1500.0f && p.z < 1525.0f);
+            // On the plane through the vertex and its +X and next-row neighbours.
+            const Tocka a = t.pTerrainVertexData[40 + 60 * 100].pos;
+            const Tocka b = t.pTerrainVertexData[41 + 60 * 100].pos;
+            const Tocka c = t.pTerrainVertexData[40 + 61 * 100].pos;
+            const float expectedY =
+                a.y + (p.x - a.x) / 25.0f * (b.y - a.y) + (p.z - a.z) / 25.0f * (c.y - a.y);
+            QVERIFY(std::fabs(p.y - expectedY) < 1e-3f);
+        }
+    }
+
+    void newPlantOnLastColumnOrRowStaysOnTheEdge() {
+        CTerrainData t;
+        const Tocka corner = t.pTerrainVertexData[99 + 99 * 100].pos;
+        const Tocka lastColumn = t.pTerrainVertexData[99 + 10 * 100].pos;
+        const Tocka lastRow = t.pTerrainVertexData[10 + 99 * 100].pos;
+        for (int k = 0; k < 20; ++k) {
+            Tocka p;
+            t.dolociPozicijoNoveRastline3D(Tocka2i(99, 99), p);
+            QCOMPARE(p.x, corner.x);
+            QCOMPARE(p.y, corner.y);
+            QCOMPARE(p.z, corner.z);
+            t.dolociPozicijoNoveRastline3D(Tocka2i(99, 10), p);
+            QCOMPARE(p.x, lastColumn.x);
+            QVERIFY(p.z >= lastColumn.z && p.z < lastColumn.z + 25.0f);
+            t.dolociPozicijoNoveRastline3D(Tocka2i(10, 99), p);
+            QCOMPARE(p.z, lastRow.z);
+            QVERIFY(p.x >= lastRow.x && p.x < lastRow.x + 25.0f);
+        }
+    }
+
+    void sameSeedsGiveSamePositions() {
+        CTerrainData t;
+        auto run = [&] {
+            CTerrainData::randomPozicije3DNovihRastlinI = 3;
+            CTerrainData::randomPozicije3DNovihRastlinJ = 4;
+            std::vector<float> xs;
+            for (int k = 0; k < 10; ++k) {
+                Tocka p;
+                t.dolociPozicijoNoveRastline3D(Tocka2i(30 + k, 40), p);
+                xs.push_back(p.x);
+                xs.push_back(p.z);
+            }
+            return xs;
+        };
+        QCOMPARE(run(), run());
+    }
+
+    void buildTerrainDataMakesEveryLayerFinite() {
+        CTerrainData t;
+        t.buildTerrainData();
+        QVERIFY(t.isDataReady());
+        QVERIFY(t.getSunFactory() != nullptr);
+        QVERIFY(t.terrainNormalsFactory && t.inclinationFactory && t.rainFactory && t.windFactory);
+        QVERIFY(allFinite(t.terrainInclination));
+        QVERIFY(allFinite(t.terrainMoisture));
+        QVERIFY(allFinite(t.terrainSunniness));
+        QVERIFY(allFinite(t.terrainWindiness));
+        QVERIFY(!t.nonWaterIndexes.empty());
+        for (const Tocka& n : t.terrainNormals)
+            QVERIFY(std::fabs(n.dolzina() - 1.0) < 1e-5 && n.y > 0);
+        // A second build replaces the factories and gives the same layers.
+        const std::vector<float> sunniness = t.terrainSunniness;
+        const std::vector<float> moisture = t.terrainMoisture;
+        t.buildTerrainData();
+        QCOMPARE(t.terrainSunniness, sunniness);
+        QCOMPARE(t.terrainMoisture, moisture);
+    }
+
+    void reloadDmrGoesBackTo100x100AndKeepsLupaAndWater() {
+        MessageCatcher catcher;
+        CTerrainData t;
+        terraintest::reshape(t, 30, 20, [](int x, int y) { return float(x + y); });
+        t.lupaXmin = 3;
+        t.lupaXmax = 12;
+        t.waterHeight = 0.25f;
+        t.reloadDMR(":/gui/textures/100x100.dmr");
+        QVERIFY(catcher.messages.empty());
+        QCOMPARE(t.stTockX, 100);
+        QCOMPARE(t.stTockY, 100);
+        QCOMPARE(int(t.ogliscaTerena.size()), 10000);
+        QCOMPARE(int(t.terrainWindiness.size()), 10000);
+        QCOMPARE(t.lupaXmin, 3);
+        QCOMPARE(t.lupaXmax, 12);
+        QCOMPARE(t.waterHeight, 0.25f);
+        QCOMPARE(t.dmrMinZ, 596.2f);
+        QVERIFY(t.isDataReady());
+        QVERIFY(t.getSunFactory() != nullptr);
+        QCOMPARE(t.ortofotoTexture->size(), QSize(128, 128));
+    }
+
+    void reloadDmrReportsAMissingFileAndStillBuilds() {
+        MessageCatcher catcher;
+        CTerrainData t;
+        t.reloadDMR("/nonexistent/terrain.dmr");
+        QCOMPARE(int(catcher.messages.size()), 1);
+        QCOMPARE(catcher.messages[0].first, std::string("Error"));
+        QCOMPARE(catcher.messages[0].second, std::string("Could not open DEM terrain file."));
+        QVERIFY(t.isDataReady());
+        QCOMPARE(t.stTockX, 100);
+        QCOMPARE(t.visinskaRazlikaNaTerenu, 960.4f - 596.2f); // kept from the default DEM
+        QVERIFY(allFinite(t.terrainSunniness) && allFinite(t.terrainMoisture));
+    }
+
+    void reloadDmrReportsAShortOrGarbledFile_data() {
+        QTest::addColumn<int>("points");
+        QTest::addColumn<QByteArray>("tail");
+        QTest::newRow("one point fewer") << 9999 << QByteArray("\n\n");
+        QTest::newRow("last point cut short") << 9999 << QByteArray("1 2\n");
+        QTest::newRow("not a number") << 5000 << QByteArray("1 abc 3\n");
+        QTest::newRow("infinity") << 5000 << QByteArray("1 2 inf\n");
+    }
+    void reloadDmrReportsAShortOrGarbledFile() {
+        QFETCH(int, points);
+        QFETCH(QByteArray, tail);
+        QTemporaryDir dir;
+        const QString path = dir.filePath("short.dmr");
+        writeDem(path, points, 700.0f, tail);
+        MessageCatcher catcher;
+        CTerrainData t;
+        t.reloadDMR(path.toLocal8Bit().constData());
+        QCOMPARE(int(catcher.messages.size()), 1);
+        QCOMPARE(catcher.messages[0].first, std::string("Error"));
+        QCOMPARE(catcher.messages[0].second, std::string("Error reading DEM terrain file."));
+        // Points read so far stay as raw elevations; the range is not updated.
+        QCOMPARE(t.ogliscaTerena[points - 1].y, 700.0f);
+        QCOMPARE(t.dmrMinZ, 700.0f);
+        QCOMPARE(t.dmrMaxZ, 700.0f);
+        QCOMPARE(t.dmrMinX, 1000.0f);
+        QCOMPARE(t.visinskaRazlikaNaTerenu, 960.4f - 596.2f);
+        QVERIFY(t.isDataReady());
+        QVERIFY(allFinite(t.terrainSunniness) && allFinite(t.terrainInclination));
+    }
+
+    void completeFileWithTrailingBlankLinesLoadsSilently() {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("full.dmr");
+        writeDem(path, 10000, 650.5f, "\n\n   \n");
+        MessageCatcher catcher;
+        CTerrainData t;
+        t.reloadDMR(path.toLocal8Bit().constData());
+        QVERIFY(catcher.messages.empty());
+        QCOMPARE(t.dmrMinZ, 650.5f);
+        QCOMPARE(t.dmrMaxX, 1000.0f + 25 * 99);
+        QCOMPARE(t.dmrMinY, 5000.0f - 25 * 99);
+    }
+
+    void flatDemDividesByNothing() {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("flat.dmr");
+        writeDem(path, 10000, 500.0f);
+        MessageCatcher catcher;
+        CTerrainData t;
+        t.reloadDMR(path.toLocal8Bit().constData());
+        QVERIFY(catcher.messages.empty());
+        QCOMPARE(t.visinskaRazlikaNaTerenu, 0.0f);
+        QVERIFY(t.nonWaterIndexes.empty()); // nothing lies above the water at 0
+        QVERIFY(!t.jeNadVodo(Tocka2i(50, 50)));
+        QVERIFY(!t.jeNadVodo(t.pTerrainVertexData[0].pos));
+        QVERIFY(allFinite(t.terrainInclination) && allFinite(t.terrainMoisture));
+        QVERIFY(allFinite(t.terrainSunniness) && allFinite(t.terrainWindiness));
+        // The ortho-photo is the lowest band everywhere: one colour or one texture.
+        const QImage& orto = *t.ortofotoTexture;
+        for (int y = 0; y < 128; ++y)
+            for (int x = 0; x < 128; ++x)
+                QVERIFY(qRed(orto.pixel(x, y)) <= 127 && qGreen(orto.pixel(x, y)) <= 127);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestTerrainData)
+#include "tst_terraindata.moc"
