@@ -275,6 +275,25 @@
     </message>
 </context>
 <context>
+    <name>ecosystem::CEcosystemSimulation</name>
+    <message>
+        <source>Could not save simulation file.</source>
+        <translation>Datoteke s simulacijo ni bilo mogoče shraniti.</translation>
+    </message>
+    <message>
+        <source>Could not open simulation file.</source>
+        <translation>Datoteke s simulacijo ni bilo mogoče odpreti.</translation>
+    </message>
+    <message>
+        <source>The simulation file has another number of species.</source>
+        <translation>Datoteka s simulacijo ima drugačno število vrst.</translation>
+    </message>
+    <message>
+        <source>The simulation file is damaged.</source>
+        <translation>Datoteka s simulacijo je poškodovana.</translation>
+    </message>
+</context>
+<context>
     <name>gui::About</name>
     <message>
         <source>About Virela</source>
