@@ -376,4 +376,27 @@
         <translation>V redu</translation>
     </message>
 </context>
+<context>
+    <name>gui::actionhandling::FileHandler</name>
+    <message>
+        <source>Error</source>
+        <translation>Napaka</translation>
+    </message>
+    <message>
+        <source>First run simulation please.</source>
+        <translation>Najprej zaženite simulacijo.</translation>
+    </message>
+    <message>
+        <source>Choose a simulation file to open</source>
+        <translation>Izberite datoteko s simulacijo</translation>
+    </message>
+    <message>
+        <source>Simulation files (*.sim)</source>
+        <translation>Datoteke s simulacijo (*.sim)</translation>
+    </message>
+    <message>
+        <source>Choose a filename to save under</source>
+        <translation>Izberite ime datoteke za shranjevanje</translation>
+    </message>
+</context>
 </TS>

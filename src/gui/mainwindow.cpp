@@ -2,6 +2,7 @@
 
 #include "ecosystem/render/ecosystemrender.h"
 #include "gui/about.h"
+#include "gui/actionhandling/filehandler.h"
 #include "gui/actionhandling/timekeeper.h"
 #include "gui/actionhandling/viewhandler.h"
 #include "gui/help.h"
@@ -39,13 +40,32 @@ MainWindow::~MainWindow() {
 void MainWindow::bindNewModel(EcosystemRender* model) {
     models.append(model);
     currentModel = model;
+    bindFileHandler();
     bindTimeKeeper();
     bindSceneActions();
     bindViewHandler();
 }
 
+void MainWindow::bindFileHandler() {
+    using actionhandling::FileHandler;
+    fileHandler = new FileHandler(this, currentModel, oglWidget);
+    connect(fileHandler, &FileHandler::reloadCurrentTreeTextures, currentModel,
+            &EcosystemRender::reloadCurrentTreeTextures);
+    connect(ui.actionLoad_simulation, &QAction::triggered, fileHandler,
+            &FileHandler::actionLoad_simulation);
+    connect(ui.actionSave_simulation, &QAction::triggered, fileHandler,
+            &FileHandler::actionSave_simulation);
+    connect(ui.actionAutosave_simulation, &QAction::triggered, fileHandler,
+            &FileHandler::actionAutosave_simulation);
+}
+
 void MainWindow::bindTimeKeeper() {
-    timeKeeper = new actionhandling::TimeKeeper(this, currentModel);
+    using actionhandling::TimeKeeper;
+    timeKeeper = new TimeKeeper(this, currentModel);
+    connect(timeKeeper, &TimeKeeper::updateSimulationAndGL, currentModel,
+            &EcosystemRender::simulateNextStepAndUpdateGL);
+    connect(ui.actionRun_simulation, &QAction::triggered, timeKeeper,
+            &TimeKeeper::toggleRunSimulation);
     connect(currentModel, &EcosystemRender::startTreeAnimation, timeKeeper,
             &actionhandling::TimeKeeper::startTreeAnimation);
     connect(currentModel, &EcosystemRender::stopTreeAnimation, timeKeeper,

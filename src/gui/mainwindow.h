@@ -50,6 +50,7 @@ public slots:
     void cycleView();
 
 private:
+    void bindFileHandler();
     void bindTimeKeeper();
     void bindSceneActions();
     void bindViewHandler();

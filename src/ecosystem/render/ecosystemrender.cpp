@@ -6,6 +6,7 @@
 #include "ecosystem/render/camera.h"
 #include "ecosystem/render/framerate.h"
 #include "ecosystem/simulation/data/terraindata.h"
+#include "ecosystem/simulation/ecosystemsimulation.h"
 
 #include <QCoreApplication>
 #include <QImage>
@@ -13,6 +14,7 @@
 #include <GL/gl.h>
 
 #include <cstdio>
+#include <iostream>
 
 namespace ecosystem::render {
 
@@ -28,6 +30,7 @@ EcosystemRender::EcosystemRender(QOpenGLContext* /*context*/, QOpenGLWidget* wid
 
 EcosystemRender::~EcosystemRender() {
     delete terrainData;
+    delete ecosystemSimulation;
     for (arbo::Arbo* tree : izglediDrevesnihVrst) {
         arbo::GlTexture::release(tree->pogled.textureNames[0]);
         arbo::GlTexture::release(tree->pogled.textureNames[1]);
@@ -37,6 +40,8 @@ EcosystemRender::~EcosystemRender() {
 
 void EcosystemRender::initModelObjects() {
     terrainData = new data::CTerrainData();
+    ecosystemSimulation = new CEcosystemSimulation();
+    ecosystemSimulation->setTerrainData(*terrainData);
     createModelTrees();
     if (!terrainData->isDataReady())
         terrainData->buildTerrainData();
@@ -326,6 +331,56 @@ void EcosystemRender::setLupaMinY(int v) {
 void EcosystemRender::setLupaMaxY(int v) {
     terrainData->lupaYmax = v;
     terrainData->buildNonwaterIndexes();
+}
+
+statistics::CEntitiesStatistics* EcosystemRender::getEntitiesStatistics() const {
+    return ecosystemSimulation->getEntitiesStatistics();
+}
+
+bool EcosystemRender::isSimulationRedyAndRunning() const {
+    return ecosystemSimulation->simulationRunning;
+}
+
+std::vector<unsigned long long> EcosystemRender::getRandomGeneratorSeeds() const {
+    return ecosystemSimulation->getRandomGeneratorSeeds();
+}
+
+void EcosystemRender::setRandomGeneratorSeeds(std::vector<unsigned long long> seeds) {
+    ecosystemSimulation->setRandomGeneratorSeeds(seeds);
+}
+
+void EcosystemRender::simulateNextStepAndUpdateGL() {
+    ecosystemSimulation->simulateNextStep();
+    std::cout << ecosystemSimulation->getEntitiesStatistics()->getLogText() << std::endl;
+    emit nrPlantsLivingChanged();
+    // With several steps per rendered frame, only every n-th step asks for a
+    // repaint; the simulation itself runs at full pace.
+    if (--simulationStepsUntilRender < 1) {
+        simulationStepsUntilRender = simulationStepsPerRenderedFrame;
+        emit modelDataChanged();
+    }
+    updateAutoSave();
+}
+
+void EcosystemRender::setAutosave(int steps) {
+    autoSaveSimulationStepNr = steps;
+}
+
+void EcosystemRender::updateAutoSave() {
+    // The interval is -1 (off) or positive; 0 would divide by zero.
+    if (autoSaveSimulationStepNr < 1)
+        return;
+    if (ecosystemSimulation->simulationStepNr % autoSaveSimulationStepNr == 0)
+        saveSimulation(std::to_string(ecosystemSimulation->simulationStepNr) + ".sim");
+}
+
+void EcosystemRender::saveSimulation(std::string fileName) {
+    ecosystemSimulation->saveSimulation(fileName);
+}
+
+void EcosystemRender::loadSimulation(std::string fileName) {
+    ecosystemSimulation->loadSimulation(fileName);
+    emit nrPlantsLivingChanged();
 }
 
 void EcosystemRender::reloadDMR(std::string fileName) {

@@ -15,8 +15,14 @@ namespace arbo {
 class Arbo;
 }
 
+namespace ecosystem {
+class CEcosystemSimulation;
+}
 namespace ecosystem::data {
 class CTerrainData;
+}
+namespace ecosystem::statistics {
+class CEntitiesStatistics;
 }
 
 namespace ecosystem::render {
@@ -37,6 +43,9 @@ public:
     arbo::Arbo* getIzbranoArbo() const { return izbranoArbo; }
     Camera* getCurrentCamera() const { return camera; }
     data::CTerrainData* getTerrainData() const { return terrainData; }
+    statistics::CEntitiesStatistics* getEntitiesStatistics() const;
+    bool isSimulationRedyAndRunning() const;
+    std::vector<unsigned long long> getRandomGeneratorSeeds() const;
     int getLupaMinX() const;
     int getLupaMaxX() const;
     int getLupaMinY() const;
@@ -51,6 +60,7 @@ public:
     bool displayLandMarkings = false;
     Camera* camera = nullptr;
     data::CTerrainData* terrainData = nullptr;
+    CEcosystemSimulation* ecosystemSimulation = nullptr;
     // Index i < 5 is the model of the species whose type is i; the sixth
     // belongs to no species.
     QList<arbo::Arbo*> izglediDrevesnihVrst;
@@ -113,6 +123,12 @@ public slots:
     void setLupaMinY(int v);
     void setLupaMaxY(int v);
     void reloadDMR(std::string fileName);
+    void simulateNextStepAndUpdateGL();
+    void loadSimulation(std::string fileName);
+    void saveSimulation(std::string fileName);
+    void setRandomGeneratorSeeds(std::vector<unsigned long long> seeds);
+    void setAutosave(int steps);
+    void updateAutoSave();
 
 public:
     // Pixels whose red, green and blue all exceed 200 become transparent white.

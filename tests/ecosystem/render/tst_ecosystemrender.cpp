@@ -4,6 +4,7 @@
 #include "ecosystem/render/camera.h"
 #include "ecosystem/render/ecosystemrender.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QImage>
 #include <QtTest>
@@ -157,6 +158,41 @@ private slots:
         QCOMPARE(scene->simulationStepsPerRenderedFrame, 2);
         scene->actionRender_more_often_skip_less_frames();
         QCOMPARE(scene->simulationStepsPerRenderedFrame, 1);
+    }
+
+    void simulationStepPrintsAndAutosaves() {
+        QVERIFY(!scene->isSimulationRedyAndRunning());
+        // A small plant area keeps the run short.
+        scene->setLupaMinX(40);
+        scene->setLupaMaxX(46);
+        scene->setLupaMinY(40);
+        scene->setLupaMaxY(46);
+        QCOMPARE(scene->getLupaMaxY(), 46);
+        scene->setAutosave(30);
+        scene->actionRender_less_often_skip_more_frames(); // two steps per repaint
+        QSignalSpy living(scene.get(), &EcosystemRender::nrPlantsLivingChanged);
+        QSignalSpy repaint(scene.get(), &EcosystemRender::modelDataChanged);
+        for (const char* f : {"0.sim", "30.sim", "60.sim", "31.sim"})
+            QFile::remove(f);
+        scene->doNotRefreshDisplay = true; // drawing is off, stepping goes on
+        for (int i = 0; i < 61; ++i)
+            scene->simulateNextStepAndUpdateGL();
+        QVERIFY(scene->isSimulationRedyAndRunning());
+        QCOMPARE(living.count(), 61);
+        QCOMPARE(repaint.count(), 31); // the first step, then every second
+        QVERIFY(QFile::exists("30.sim"));
+        QVERIFY(QFile::exists("60.sim"));
+        QVERIFY(!QFile::exists("31.sim"));
+        scene->doNotRefreshDisplay = false;
+        scene->actionRender_more_often_skip_less_frames();
+    }
+
+    void seedsPassThrough() {
+        std::vector<unsigned long long> seeds(13);
+        for (int i = 0; i < 13; ++i)
+            seeds[i] = 100 + i;
+        scene->setRandomGeneratorSeeds(seeds);
+        QCOMPARE(scene->getRandomGeneratorSeeds(), seeds);
     }
 
     void cleanupTestCase() { scene.reset(); }
