@@ -11,7 +11,9 @@ UserMessageHandler& handler() {
 }
 } // namespace
 
-void setUserMessageHandler(UserMessageHandler h) { handler() = std::move(h); }
+void setUserMessageHandler(UserMessageHandler h) {
+    handler() = std::move(h);
+}
 
 void showUserMessage(const std::string& title, const std::string& text) {
     if (handler())

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "arbo/delckidrevesa.h"
+#include "arbo/matrika.h"
+#include "arbo/parametridrevesa.h"
+#include "arbo/pogled.h"
+#include "arbo/presek.h"
+#include "arbo/serializatordelckovdrevesa.h"
+#include "arbo/tocka.h"
+
+#include <string>
+
+namespace arbo {
+
+// One procedural tree. It keeps no geometry: every frame grows the whole tree
+// again from the working copy of its parameters, segment by segment, and draws
+// it (and writes it to a ".crs" file when an export is pending).
+class Arbo {
+public:
+    ParametriDrevesa pdPrepared;
+    ParametriDrevesa pd;
+    DelckiDrevesa delckiDrevesa;
+    std::string fileNameExportCRS;
+    int idVejaNext = 1;
+    float barvaStebla[3] = {1, 1, 1};
+    Pogled pogled;
+    SerializatorDelckovDrevesa serializatorDelckovDrevesa;
+
+    Arbo();
+    ~Arbo();
+    Arbo(const Arbo&) = delete;
+    Arbo& operator=(const Arbo&) = delete;
+
+    void createKvadraticnePloskve();
+    void reloadIdTextures(bool bark, bool leaf);
+    void markSerializingToFile(const std::string& fileNameExportCRS);
+    void drawSingleTreeCentered(double dol_pomik, double levo_pomik, double z_pomik, double x_zasuk,
+                                double y_zasuk);
+    void drawSingleTreeAwayLOD(int lod);
+    void upodobiPrikaz();
+    void postaviPrivzeteLastnostiDrevesa();
+
+private:
+    MatrikaSklad& sklad() { return delckiDrevesa.sklad; }
+
+    void drevca(int stZil, int G, int W, double karakteristicnaVisina, double aktivnaVisina,
+                Matrika modelMatrixInverse, Matrika modelMatrixInversePostGrowthEffects,
+                Presek* presekSpodaj, int idPraveVeje);
+    bool constraint(int G, int W, int stZil);
+    void deliVejo(int G, int W, int stZil, int& stZilGlavno, int& stZilStransko,
+                  double& kotVejitveGlavno, double& kotVejitveStransko);
+    void izracunajDimenzijeVeje(int G, int W, int stZil, int stZilGlavno, int stZilStransko,
+                                double L0, double& sirinaSpodaj, double& sirinaZgoraj, double& L1,
+                                double& l1, double& L2, double& l2);
+    void aplicirajGravmorfizem(int G, int W, const Matrika& modelMatrixInverse,
+                               double& gravimorfizemAngle, Tocka& gravimorfizemVektor);
+    void aplicirajWindSway(int stZil, double visinaVeje,
+                           const Matrika& modelMatrixInversePostGrowthEffects, double& windAngle,
+                           Tocka& windVektor);
+    Tocka izracunajWindVektorZasuka(const Matrika& modelMatrixInversePostGrowthEffects);
+    void priraviInverznoMatriko(Matrika& matrika, double gravimorfizemAngle,
+                                const Tocka& gravimorfizemVektor, double gravicentralizem,
+                                double kotVejitve, double windAngle, const Tocka& windVektor);
+    void dolociBarvo(int G, int W, bool colorMonopodial);
+    void dodajVejo(double aktivnaVisina, double sirinaSpodaj, double sirinaZgoraj,
+                   Presek* presekSpodaj, int idPraveVeje);
+    void narisiListe(double dejanskaVisinaTrenutneVeje,
+                     const Matrika& modelMatrixInversePostGrowthEffects, int idVeje);
+    void popraviPhyllotaxis(Presek& presek);
+};
+
+} // namespace arbo

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "arbo/matrikasklad.h"
+#include "arbo/mrezadrevesa.h"
+#include "arbo/pogled.h"
+#include "arbo/presek.h"
+#include "arbo/serializatordelckovdrevesa.h"
+#include "arbo/tocka.h"
+
+namespace arbo {
+
+// Draws one stem segment or the leaves of one twig in the current frame of the
+// tree's matrix stack, and hands the same geometry to the geometry writer while
+// an export runs. On the CPU path (the default) the pieces are gathered in
+// `mreza` and drawn at the end of the frame; with `sklad.naGl` set they are
+// drawn at once with GLU.
+class DelckiDrevesa {
+public:
+    double maxKotZasukaVetra = 0.0;
+    Pogled& pogled;
+    SerializatorDelckovDrevesa& serializatorDelckovDrevesa;
+    MatrikaSklad sklad;
+    MrezaDrevesa mreza;
+    // Stem segments and leaves drawn since the generator's frame began.
+    int stSegmentov = 0;
+    int stListov = 0;
+
+    DelckiDrevesa(Pogled& pogled, SerializatorDelckovDrevesa& serializatorDelckovDrevesa);
+
+    void narisiSteblo(double visina, double sirinaSpodaj, double sirinaZgoraj, Presek* presekSpodaj,
+                      int idVeje);
+    void narisiListe(int tipListov, double velikost, double globinaVejice, int stListov,
+                     Tocka& vektorZasukaVeter, int idVeje);
+    void risiList(float velikost);
+
+    // The current drawing colour (glColor on the GL path).
+    void nastaviBarvo(float r, float g, float b, float a = 1.0f);
+    // Draws what the CPU path gathered this frame and empties it.
+    void narisiZbrano();
+
+private:
+    float barva[4] = {1, 1, 1, 1};
+
+    void list(float velikost, int idVeje);
+    void zalistaj(double kotZasukaVeter, const Tocka& v);
+    void zicnatiListi(double velikost, double delcek, int n);
+    void valj(double b, double t, double h);
+    void zicnatoSteblo(double b, double t, double h);
+    void crta(const float* m, float x0, float y0, float z0, float s0, float x1, float y1, float z1,
+              float s1);
+    MrezaDrevesa::Oglisce oglisce(const float* m, float x, float y, float z, float nx, float ny,
+                                  float nz, float s, float t) const;
+};
+
+} // namespace arbo

@@ -1,0 +1,181 @@
+#include "arbo/matrikasklad.h"
+
+#include <GL/gl.h>
+
+#include <cmath>
+#include <cstring>
+
+namespace arbo {
+
+namespace {
+
+// Element (row r, column c) of a column-major matrix.
+inline float& el(float* m, int r, int c) {
+    return m[c * 4 + r];
+}
+inline float el(const float* m, int r, int c) {
+    return m[c * 4 + r];
+}
+
+void mnozi4(float* p, const float* a, const float* b) {
+    for (int i = 0; i < 4; ++i) {
+        const float ai0 = el(a, i, 0), ai1 = el(a, i, 1), ai2 = el(a, i, 2), ai3 = el(a, i, 3);
+        for (int j = 0; j < 4; ++j)
+            el(p, i, j) =
+                ai0 * el(b, 0, j) + ai1 * el(b, 1, j) + ai2 * el(b, 2, j) + ai3 * el(b, 3, j);
+    }
+}
+
+// Both factors affine: the last row is (0, 0, 0, 1) and is not multiplied out.
+void mnozi34(float* p, const float* a, const float* b) {
+    for (int i = 0; i < 3; ++i) {
+        const float ai0 = el(a, i, 0), ai1 = el(a, i, 1), ai2 = el(a, i, 2), ai3 = el(a, i, 3);
+        for (int j = 0; j < 3; ++j)
+            el(p, i, j) = ai0 * el(b, 0, j) + ai1 * el(b, 1, j) + ai2 * el(b, 2, j);
+        el(p, i, 3) = ai0 * el(b, 0, 3) + ai1 * el(b, 1, 3) + ai2 * el(b, 2, 3) + ai3;
+    }
+    el(p, 3, 0) = 0.0f;
+    el(p, 3, 1) = 0.0f;
+    el(p, 3, 2) = 0.0f;
+    el(p, 3, 3) = 1.0f;
+}
+
+bool rotacija(float* m, float kot, float x, float y, float z) {
+    const float s = sinf(float(kot * M_PI / 180.0));
+    const float c = cosf(float(kot * M_PI / 180.0));
+    std::memcpy(m, MatrikaSklad::identiteta().m, sizeof(float) * 16);
+    if (x == 0.0f && y == 0.0f && z != 0.0f) {
+        el(m, 0, 0) = c;
+        el(m, 1, 1) = c;
+        el(m, 0, 1) = z < 0.0f ? s : -s;
+        el(m, 1, 0) = z < 0.0f ? -s : s;
+        return true;
+    }
+    if (x == 0.0f && y != 0.0f && z == 0.0f) {
+        el(m, 0, 0) = c;
+        el(m, 2, 2) = c;
+        el(m, 0, 2) = y < 0.0f ? -s : s;
+        el(m, 2, 0) = y < 0.0f ? s : -s;
+        return true;
+    }
+    if (x != 0.0f && y == 0.0f && z == 0.0f) {
+        el(m, 1, 1) = c;
+        el(m, 2, 2) = c;
+        el(m, 1, 2) = x < 0.0f ? s : -s;
+        el(m, 2, 1) = x < 0.0f ? -s : s;
+        return true;
+    }
+    const float mag = sqrtf(x * x + y * y + z * z);
+    if (mag <= 1.0e-4f)
+        return false; // no axis: no rotation
+    x /= mag;
+    y /= mag;
+    z /= mag;
+    const float xx = x * x, yy = y * y, zz = z * z;
+    const float xy = x * y, yz = y * z, zx = z * x;
+    const float xs = x * s, ys = y * s, zs = z * s;
+    const float one_c = 1.0f - c;
+    el(m, 0, 0) = (one_c * xx) + c;
+    el(m, 0, 1) = (one_c * xy) - zs;
+    el(m, 0, 2) = (one_c * zx) + ys;
+    el(m, 1, 0) = (one_c * xy) + zs;
+    el(m, 1, 1) = (one_c * yy) + c;
+    el(m, 1, 2) = (one_c * yz) - xs;
+    el(m, 2, 0) = (one_c * zx) - ys;
+    el(m, 2, 1) = (one_c * yz) + xs;
+    el(m, 2, 2) = (one_c * zz) + c;
+    return true;
+}
+
+} // namespace
+
+Matrika MatrikaSklad::identiteta() {
+    Matrika i;
+    for (int k = 0; k < 16; ++k)
+        i.m[k] = (k % 5 == 0) ? 1.0f : 0.0f;
+    return i;
+}
+
+void MatrikaSklad::zacni(const Matrika& koren) {
+    sklad.clear();
+    sklad.push_back({koren, false});
+}
+
+void MatrikaSklad::push() {
+    if (naGl) {
+        glPushMatrix();
+        return;
+    }
+    sklad.push_back(sklad.back());
+}
+
+void MatrikaSklad::pop() {
+    if (naGl) {
+        glPopMatrix();
+        return;
+    }
+    if (sklad.size() > 1)
+        sklad.pop_back();
+}
+
+void MatrikaSklad::loadIdentity() {
+    if (naGl) {
+        glLoadIdentity();
+        return;
+    }
+    sklad.back() = {identiteta(), false};
+}
+
+void MatrikaSklad::rotate(float kot, float x, float y, float z) {
+    if (naGl) {
+        glRotatef(kot, x, y, z);
+        return;
+    }
+    if (kot == 0.0f)
+        return;
+    float r[16];
+    if (!rotacija(r, kot, x, y, z))
+        return;
+    Nivo& n = sklad.back();
+    float p[16];
+    if (n.splosna)
+        mnozi4(p, n.m.m, r);
+    else
+        mnozi34(p, n.m.m, r);
+    std::memcpy(n.m.m, p, sizeof p);
+}
+
+void MatrikaSklad::translate(float x, float y, float z) {
+    if (naGl) {
+        glTranslatef(x, y, z);
+        return;
+    }
+    float* m = sklad.back().m.m;
+    m[12] = m[0] * x + m[4] * y + m[8] * z + m[12];
+    m[13] = m[1] * x + m[5] * y + m[9] * z + m[13];
+    m[14] = m[2] * x + m[6] * y + m[10] * z + m[14];
+    m[15] = m[3] * x + m[7] * y + m[11] * z + m[15];
+}
+
+void MatrikaSklad::multiply(const Matrika& b) {
+    if (naGl) {
+        glMultMatrixf(b.m);
+        return;
+    }
+    Nivo& n = sklad.back();
+    float p[16];
+    mnozi4(p, n.m.m, b.m);
+    std::memcpy(n.m.m, p, sizeof p);
+    n.splosna = true;
+}
+
+Matrika MatrikaSklad::vrh() const {
+    if (naGl) {
+        Matrika m;
+        glGetFloatv(GL_MODELVIEW_MATRIX, m.m);
+        return m;
+    }
+    return sklad.back().m;
+}
+
+} // namespace arbo

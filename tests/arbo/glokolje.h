@@ -1,0 +1,65 @@
+#pragma once
+
+// An off-screen OpenGL 2.1 compatibility context with an 800 x 600 frame buffer
+// and the fixed state of the tree view (lighting, colour material, blending,
+// 90 degree projection of aspect 1, near 1, far 30000), for tests and benches.
+
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QOpenGLFramebufferObject>
+#include <QSurfaceFormat>
+
+#include <GL/gl.h>
+#include <GL/glu.h>
+
+#include <memory>
+
+class GlOkolje {
+public:
+    QOffscreenSurface surface;
+    QOpenGLContext context;
+    std::unique_ptr<QOpenGLFramebufferObject> fbo;
+
+    bool ustvari(int w = 800, int h = 600) {
+        QSurfaceFormat f;
+        f.setVersion(2, 1);
+        f.setProfile(QSurfaceFormat::CompatibilityProfile);
+        f.setDepthBufferSize(24);
+        f.setStencilBufferSize(8);
+        surface.setFormat(f);
+        surface.create();
+        context.setFormat(f);
+        if (!context.create() || !context.makeCurrent(&surface))
+            return false;
+        fbo = std::make_unique<QOpenGLFramebufferObject>(
+            w, h, QOpenGLFramebufferObject::CombinedDepthStencil);
+        fbo->bind();
+        nastaviStanje(w, h);
+        return true;
+    }
+
+    static void nastaviStanje(int w, int h) {
+        glShadeModel(GL_SMOOTH);
+        glColorMaterial(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE);
+        glEnable(GL_COLOR_MATERIAL);
+        glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+        glEnable(GL_DEPTH_TEST);
+        glEnable(GL_LIGHTING);
+        glEnable(GL_LIGHT0);
+        glEnable(GL_LIGHT1);
+        glEnable(GL_LIGHT2);
+        glEnable(GL_BLEND);
+        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+        const GLfloat ambient[4] = {1, 1, 1, 1};
+        glLightModelfv(GL_LIGHT_MODEL_AMBIENT, ambient);
+        glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, 1);
+        glEnable(GL_TEXTURE_2D);
+        glHint(GL_PERSPECTIVE_CORRECTION_HINT, GL_NICEST);
+        glViewport(0, 0, w, h);
+        glMatrixMode(GL_PROJECTION);
+        glLoadIdentity();
+        gluPerspective(90.0, 1.0, 1.0, 30000.0);
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+    }
+};

@@ -1,0 +1,305 @@
+#include "arbo/arbo.h"
+#include "arbo/glokolje.h"
+
+#include <QtTest>
+
+#include <cmath>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+using arbo::Arbo;
+using arbo::ParametriDrevesa;
+
+namespace {
+
+struct Zapis {
+    char tip = 0; // 'B' or 'L'
+    int id = 0;
+    std::vector<std::array<double, 3>> oglisca;
+    std::vector<std::string> vrstice;
+};
+
+std::string preberi(const QString& ime) {
+    std::ifstream f(ime.toStdString());
+    std::stringstream s;
+    s << f.rdbuf();
+    return s.str();
+}
+
+std::vector<Zapis> razcleni(const std::string& besedilo) {
+    std::vector<Zapis> zapisi;
+    std::istringstream in(besedilo);
+    std::string vrstica;
+    while (std::getline(in, vrstica)) {
+        if (vrstica.size() > 1 && (vrstica[0] == 'B' || vrstica[0] == 'L') && vrstica[1] == ' ') {
+            Zapis z;
+            z.tip = vrstica[0];
+            z.id = std::stoi(vrstica.substr(2));
+            zapisi.push_back(z);
+            continue;
+        }
+        std::istringstream v(vrstica);
+        std::array<double, 3> p;
+        v >> p[0] >> p[1] >> p[2];
+        zapisi.back().oglisca.push_back(p);
+        zapisi.back().vrstice.push_back(vrstica);
+    }
+    return zapisi;
+}
+
+// The record sequence re-derived from the splitting rules alone: which records
+// appear, with which identifiers, and which earlier segment record's top ring
+// each continuation starts from.
+struct Pricakovano {
+    char tip;
+    int id;
+    int nadaljujeZapis; // index of the record whose top ring is this one's bottom, or -1
+};
+
+struct Izpeljava {
+    const ParametriDrevesa& p;
+    int lod = 0;
+    std::vector<Pricakovano> zapisi;
+    int naslednjiId = 1;
+    int zadnjiB = -1;
+
+    void rasti(int stZil, int G, int W, int id, int spodaj) {
+        if (stZil < 1 || (G > 0 && (G > 14 || W > 49)))
+            return;
+        const int Wt = std::min(W, 49);
+        const int glavno = int(std::floor((stZil - 2) * p.verjetnostVejitve[G][Wt] + 0.5)) + 1;
+        const int stransko = stZil - glavno;
+        const int dopustni = lod == 0 ? 50 : 10 - lod;
+        if (W < dopustni) {
+            zapisi.push_back({'B', id, spodaj});
+            zadnjiB = int(zapisi.size()) - 1;
+        }
+        const int vrh = zadnjiB;
+        if (W > dopustni * dopustni || stZil == 1) {
+            if (p.listi)
+                for (int i = 0; i < p.gostotaListov; ++i)
+                    zapisi.push_back({'L', id, -1});
+            return;
+        }
+        if (stransko > 0)
+            rasti(stransko, G + 1, W + 1, naslednjiId++, -1);
+        if (glavno > 0)
+            rasti(glavno, G, W + 1, id, vrh);
+    }
+};
+
+} // namespace
+
+class TestArbo : public QObject {
+    Q_OBJECT
+    GlOkolje gl;
+
+    std::string izvozi(Arbo& a, const QString& ime) {
+        a.markSerializingToFile(ime.toStdString());
+        a.drawSingleTreeCentered(-13, 0, -15, 0, 0);
+        return preberi(ime);
+    }
+    // The same frame on the CPU stack and on OpenGL's own stack with GLU drawing.
+    void primerjajPoti(Arbo& a, const QString& ime) {
+        const arbo::Pogled s = a.pogled; // the frame's animation state
+        const std::string cpu = izvozi(a, ime + "_cpu.crs");
+        a.pogled = s;
+        a.delckiDrevesa.sklad.naGl = true;
+        const std::string ref = izvozi(a, ime + "_gl.crs");
+        a.delckiDrevesa.sklad.naGl = false;
+        QVERIFY(!cpu.empty());
+        if (cpu != ref) {
+            const auto c = razcleni(cpu), r = razcleni(ref);
+            QCOMPARE(c.size(), r.size());
+            for (size_t i = 0; i < c.size(); ++i)
+                for (size_t k = 0; k < c[i].vrstice.size(); ++k)
+                    QCOMPARE(QString::fromStdString(c[i].vrstice[k]),
+                             QString::fromStdString(r[i].vrstice[k]));
+        }
+        QVERIFY(cpu == ref);
+    }
+
+private slots:
+    void initTestCase() { QVERIFY(gl.ustvari()); }
+
+    void defaultTreeRecords() {
+        Arbo a;
+        a.createKvadraticnePloskve();
+        const auto z = razcleni(izvozi(a, "privzeto.crs"));
+        Izpeljava iz{a.pd};
+        iz.rasti(a.pd.stVsehZil, 0, 0, 0, -1);
+        QCOMPARE(z.size(), iz.zapisi.size());
+        int stB = 0, stL = 0;
+        for (size_t i = 0; i < z.size(); ++i) {
+            QCOMPARE(z[i].tip, iz.zapisi[i].tip);
+            QCOMPARE(z[i].id, iz.zapisi[i].id);
+            QCOMPARE(int(z[i].oglisca.size()), z[i].tip == 'B' ? 16 : 4);
+            (z[i].tip == 'B' ? stB : stL)++;
+        }
+        QVERIFY(stB > 100 && stL > 100);
+        QCOMPARE(a.delckiDrevesa.stSegmentov, stB);
+        QCOMPARE(a.delckiDrevesa.stListov, stL);
+    }
+
+    void continuationSharesTheRingAQuarterTurnOn() {
+        for (bool hq : {false, true}) {
+            Arbo a;
+            a.createKvadraticnePloskve();
+            a.pogled.highQualityRendering = hq;
+            const int n = hq ? 16 : 4;
+            const auto z = razcleni(izvozi(a, "obroc.crs"));
+            Izpeljava iz{a.pd};
+            iz.rasti(a.pd.stVsehZil, 0, 0, 0, -1);
+            QCOMPARE(z.size(), iz.zapisi.size());
+            int preverjenih = 0;
+            for (size_t r = 0; r < z.size(); ++r) {
+                if (z[r].tip == 'B')
+                    QCOMPARE(int(z[r].oglisca.size()), 4 * n);
+                const int p = iz.zapisi[r].nadaljujeZapis;
+                if (p < 0)
+                    continue;
+                // Side i is written as bottom[i+1], top[i+1], top[i], bottom[i].
+                for (int i = 0; i < n; ++i) {
+                    const auto& spodaj = z[r].vrstice[4 * i + 3];
+                    const auto& vrh = z[p].vrstice[4 * ((i + n / 4) % n) + 2];
+                    QCOMPARE(QString::fromStdString(spodaj), QString::fromStdString(vrh));
+                }
+                ++preverjenih;
+            }
+            QVERIFY(preverjenih > 50);
+        }
+    }
+
+    void trunkBaseRingByHand() {
+        Arbo a;
+        a.createKvadraticnePloskve();
+        const auto z = razcleni(izvozi(a, "deblo.crs"));
+        QCOMPARE(z[0].tip, 'B');
+        QCOMPARE(z[0].id, 0);
+        // Base ring vertex k: R_y(85 + 90k) (w, 0, w), w = sqrt(1000) * 0.01;
+        // top ring the same at height 5 with w = sqrt(750) * 0.01.
+        const double w = std::sqrt(1000.0) * double(0.01f), t = std::sqrt(750.0) * double(0.01f);
+        for (int i = 0; i < 4; ++i) {
+            const double th = (85.0 + 90.0 * i) * M_PI / 180.0;
+            const auto& b = z[0].oglisca[4 * i + 3];
+            const auto& v = z[0].oglisca[4 * i + 2];
+            QVERIFY(std::fabs(b[0] - w * (std::cos(th) + std::sin(th))) < 2e-6);
+            QVERIFY(std::fabs(b[1]) < 1e-6);
+            QVERIFY(std::fabs(b[2] - w * (std::cos(th) - std::sin(th))) < 2e-6);
+            QVERIFY(std::fabs(v[0] - t * (std::cos(th) + std::sin(th))) < 2e-6);
+            QVERIFY(std::fabs(v[1] - 5.0) < 1e-5);
+            QVERIFY(std::fabs(v[2] - t * (std::cos(th) - std::sin(th))) < 2e-6);
+        }
+    }
+
+    void sameStateSameFile() {
+        for (bool veter : {false, true}) {
+            Arbo a, b;
+            a.createKvadraticnePloskve();
+            b.createKvadraticnePloskve();
+            a.pogled.animateWindSway = veter;
+            b.pogled.animateWindSway = veter;
+            const std::string fa = izvozi(a, "prvi.crs");
+            const std::string fb = izvozi(b, "drugi.crs");
+            QVERIFY(!fa.empty());
+            QVERIFY(fa == fb);
+        }
+    }
+
+    void cpuStackMatchesOpenGl_data() {
+        QTest::addColumn<int>("primer");
+        for (int i = 0; i < 7; ++i)
+            QTest::newRow(qPrintable(QString::number(i))) << i;
+    }
+    void cpuStackMatchesOpenGl() {
+        QFETCH(int, primer);
+        Arbo a;
+        a.createKvadraticnePloskve();
+        ParametriDrevesa& p = a.pdPrepared;
+        switch (primer) {
+        case 1:
+            a.pogled.highQualityRendering = true;
+            break;
+        case 2:
+            a.pogled.animateWindSway = true;
+            a.pogled.animateGrow = true;
+            a.pogled.starostDrevesa = 0.7;
+            break;
+        case 3: // bending towards the ground, leaves of every type in turn
+        case 4:
+        case 5:
+        case 6:
+            p.gravimorphismImpactG.tocke = {{0, 0.6}, {1, 0.4}};
+            p.gravimorphismImpactW.tocke = {{0, 0.5}, {1, 0.8}};
+            p.tipListov = primer - 2;
+            p.gostotaListov = primer == 5 ? 4 : 5;
+            p.recalculateRelativeParams();
+            a.pogled.animateWindSway = primer == 6;
+            break;
+        default:
+            break;
+        }
+        primerjajPoti(a, QString("pot%1").arg(primer));
+    }
+
+    void leavesHiddenAndStrandCounts() {
+        Arbo a;
+        a.createKvadraticnePloskve();
+        a.pdPrepared.listi = false;
+        for (const auto& z : razcleni(izvozi(a, "brez.crs")))
+            QCOMPARE(z.tip, 'B');
+        a.pdPrepared.listi = true;
+        a.pdPrepared.stVsehZil = 0;
+        QVERIFY(razcleni(izvozi(a, "nic.crs")).empty());
+        a.pdPrepared.stVsehZil = 1; // one segment ending in leaves
+        auto z = razcleni(izvozi(a, "ena.crs"));
+        QCOMPARE(int(z.size()), 1 + a.pdPrepared.gostotaListov);
+        a.pdPrepared.stVsehZil = 2; // splits into 1 + 1
+        z = razcleni(izvozi(a, "dve.crs"));
+        QCOMPARE(int(z.size()), 3 + 2 * a.pdPrepared.gostotaListov);
+        QCOMPARE(z[1].id, 1);
+    }
+
+    void levelOfDetailCutsTheTree() {
+        Arbo a;
+        a.createKvadraticnePloskve();
+        a.markSerializingToFile("lod.crs");
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        a.drawSingleTreeAwayLOD(5);
+        const auto z = razcleni(preberi("lod.crs"));
+        Izpeljava iz{a.pd, 5};
+        iz.rasti(a.pd.stVsehZil, 0, 0, 0, -1);
+        QCOMPARE(z.size(), iz.zapisi.size());
+        for (size_t i = 0; i < z.size(); ++i)
+            QCOMPARE(z[i].id, iz.zapisi[i].id);
+    }
+
+    void leafTypesCount() {
+        // Staggered with three leaves: the tip leaf and two stepped ones.
+        Arbo a;
+        a.createKvadraticnePloskve();
+        a.pdPrepared.stVsehZil = 1;
+        a.pdPrepared.gostotaListov = 3;
+        for (int tip = 0; tip <= 4; ++tip) {
+            a.pdPrepared.tipListov = tip;
+            const auto z = razcleni(izvozi(a, "tip.crs"));
+            QCOMPARE(int(z.size()), 4);
+        }
+        a.pdPrepared.tipListov = 2;
+        const auto z = razcleni(izvozi(a, "tip.crs"));
+        // The two stepped leaves lie globinaVejice/2 = 0.5 apart in height.
+        auto sredina = [](const Zapis& r) {
+            double y = 0;
+            for (const auto& p : r.oglisca)
+                y += p[1] / 4;
+            return y;
+        };
+        QVERIFY(std::fabs(sredina(z[2]) - sredina(z[3]) - 2.5) < 1e-4);
+    }
+};
+
+QTEST_MAIN(TestArbo)
+#include "tst_arbo.moc"
