@@ -1,0 +1,46 @@
+#pragma once
+
+#include <vector>
+
+namespace ecosystem::simulationEntities {
+class CRastlina;
+class CVrstaRastlin;
+} // namespace ecosystem::simulationEntities
+
+namespace ecosystem {
+
+// A fine bucket grid over the plants' ground positions, built at the start of
+// the kill phase. It answers the dominance question exactly as a scan of the
+// cell index does (a neighbour in the search square of cells, at least as
+// strong, whose crown overlaps), but looks only at plants near enough for their
+// crowns to touch. Dead plants are taken out as the kill phase goes on.
+class CDominanceGrid {
+public:
+    void zgradi(std::vector<simulationEntities::CVrstaRastlin>& rastlinskeVrste, int polSirina);
+    void odstrani(const simulationEntities::CRastlina& rastlina);
+    bool imaDominantnegaSoseda(simulationEntities::CRastlina& rastlina) const;
+
+private:
+    struct Zapis {
+        float x, z;
+        float radij;
+        float moc; // strength weighted by the species' vplivMoci
+        int celicaX, celicaY;
+        simulationEntities::CRastlina* rastlina; // null once the plant died
+    };
+
+    int predalX(double x) const;
+    int predalZ(double z) const;
+    int predal(const simulationEntities::CRastlina& rastlina) const;
+    void dolociPredale(int stRastlin);
+
+    std::vector<Zapis> zapisi; // grouped by bucket
+    std::vector<int> zacetki;  // first record of each bucket, one extra at the end
+    double minX = 0, minZ = 0, maxX = 0, maxZ = 0;
+    double velikostPredala = 1;
+    int stPredalovX = 0, stPredalovZ = 0;
+    float najvecjiRadij = 0;
+    int polSirina = 0; // half-width of the search square, in cells
+};
+
+} // namespace ecosystem

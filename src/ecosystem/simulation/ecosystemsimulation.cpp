@@ -1,0 +1,362 @@
+#include "ecosystem/simulation/ecosystemsimulation.h"
+
+#include "arbo/usermessage.h"
+#include "ecosystem/simulation/data/ecosystemsimulationfactory.h"
+#include "ecosystem/simulation/data/terraindata.h"
+#include "ecosystem/simulation/randomgenerator.h"
+#include "ecosystem/simulation/sejaleckjerkolirastlinnateren.h"
+#include "ecosystem/simulation/sejalecrastlinnateren.h"
+#include "ecosystem/simulation/simulationfile.h"
+
+#include <QCoreApplication>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <cassert>
+#include <iostream>
+#include <locale>
+#include <sstream>
+
+namespace ecosystem {
+
+using simulationEntities::CRastlina;
+using simulationEntities::CVrstaRastlin;
+
+CEcosystemSimulation* CEcosystemSimulation::myStaticPtr = nullptr;
+int CEcosystemSimulation::casPobijanjaDominiranihRastlin = 0;
+
+namespace {
+// Nanoseconds spent in the kill decisions of the current step; reported in
+// whole milliseconds (timing each call in whole milliseconds would sum to ~0).
+qint64 nsPobijanjaDominiranihRastlin = 0;
+
+QString tr(const char* text) {
+    return QCoreApplication::translate("CEcosystemSimulation", text);
+}
+} // namespace
+
+CEcosystemSimulation::CEcosystemSimulation()
+    : simulationRunning(false), simulationStepNr(-1), lifeFactors(&rastlinskeVrste),
+      rastlinePoTerenu(nullptr), terrainData(nullptr), najvecjaMoznaStarostRastline(0) {
+    myStaticPtr = this;
+    timer.start();
+    createSeeds();
+}
+
+CEcosystemSimulation::~CEcosystemSimulation() {
+    delete[] rastlinePoTerenu;
+    if (myStaticPtr == this)
+        myStaticPtr = nullptr;
+}
+
+int CEcosystemSimulation::steviloCelic() const {
+    return terrainData ? terrainData->stTockX * terrainData->stTockY : 0;
+}
+
+// May be called again: the old index is released and the plants re-indexed.
+void CEcosystemSimulation::setTerrainData(data::CTerrainData& terrainData) {
+    this->terrainData = &terrainData;
+    delete[] rastlinePoTerenu;
+    rastlinePoTerenu = new std::vector<CRastlina*>[steviloCelic()];
+    lifeFactors.setRastlinePoTerenu(rastlinePoTerenu);
+    napolniIndeksCelic();
+}
+
+void CEcosystemSimulation::izprazniIndeksCelic() {
+    for (int i = 0; i < steviloCelic(); ++i)
+        std::vector<CRastlina*>().swap(rastlinePoTerenu[i]);
+}
+
+void CEcosystemSimulation::napolniIndeksCelic() {
+    for (CVrstaRastlin& vrsta : rastlinskeVrste)
+        for (CRastlina& rastlina : vrsta.ziviPrimerkiTeVrste)
+            rastlinePoTerenu[rastlina.pozicijaMap2D.y * terrainData->stTockX +
+                             rastlina.pozicijaMap2D.x]
+                .push_back(&rastlina);
+}
+
+statistics::CEntitiesStatistics* CEcosystemSimulation::getEntitiesStatistics() {
+    return &entitiesStatistics;
+}
+
+// ---- random streams, in seed-vector order ----
+
+void CEcosystemSimulation::setRandomGeneratorSeeds(const std::vector<unsigned long long>& seeds) {
+    CSejalecRastlinNaTeren::randomRastiBlizu = seeds[0];
+    CSejalecRastlinNaTeren::randomIzbireBliznjeRastline = seeds[1];
+    CSejalecRastlinNaTeren::randomIzbireStraniRastiObBliznjiRastlini = seeds[2];
+    CSejalecKjerkoliRastlinNaTeren::randomPozicijeNovihRastlinKjerkoli = seeds[3];
+    data::CTerrainData::randomPozicije3DNovihRastlinI = seeds[4];
+    data::CTerrainData::randomPozicije3DNovihRastlinJ = seeds[5];
+    lifeFactors.randomSmrtiZaradiDominiranosti = seeds[6];
+    lifeFactors.randomSmrtiZaradiNeugodnostiVisine = seeds[7];
+    lifeFactors.randomSmrtiZaradiNeugodnostiVlage = seeds[8];
+    lifeFactors.randomSmrtiZaradiNeugodnostiSonca = seeds[9];
+    lifeFactors.randomSmrtiZaradiNeugodnostiVetra = seeds[10];
+    lifeFactors.randomSmrtiZaradiNeugodnostiNaklona = seeds[11];
+    CRastlina::randomCasSmrti = seeds[12];
+}
+
+std::vector<unsigned long long> CEcosystemSimulation::getRandomGeneratorSeeds() {
+    return {CSejalecRastlinNaTeren::randomRastiBlizu,
+            CSejalecRastlinNaTeren::randomIzbireBliznjeRastline,
+            CSejalecRastlinNaTeren::randomIzbireStraniRastiObBliznjiRastlini,
+            CSejalecKjerkoliRastlinNaTeren::randomPozicijeNovihRastlinKjerkoli,
+            data::CTerrainData::randomPozicije3DNovihRastlinI,
+            data::CTerrainData::randomPozicije3DNovihRastlinJ,
+            lifeFactors.randomSmrtiZaradiDominiranosti,
+            lifeFactors.randomSmrtiZaradiNeugodnostiVisine,
+            lifeFactors.randomSmrtiZaradiNeugodnostiVlage,
+            lifeFactors.randomSmrtiZaradiNeugodnostiSonca,
+            lifeFactors.randomSmrtiZaradiNeugodnostiVetra,
+            lifeFactors.randomSmrtiZaradiNeugodnostiNaklona,
+            CRastlina::randomCasSmrti};
+}
+
+void CEcosystemSimulation::createSeeds() {
+    std::vector<unsigned long long> seeds(13);
+    for (int i = 0; i < 13; ++i)
+        seeds[i] = i + 1;
+    setRandomGeneratorSeeds(seeds);
+}
+
+// ---- one step ----
+
+int CEcosystemSimulation::elapsedAndRestart() {
+    return static_cast<int>(timer.restart());
+}
+
+void CEcosystemSimulation::zagotoviInicializiranostSimulacije() {
+    if (simulationStepNr >= 0)
+        return;
+    simulationRunning = true;
+    simulationStepNr = 0;
+    simulationFactory::CEcosystemSimulationFactory::buildPanonicVegetation(*this, terrainData,
+                                                                           &entitiesStatistics);
+    terrainData->buildTerrainData();
+    najvecjaMoznaStarostRastline = 0;
+    for (const CVrstaRastlin& vrsta : rastlinskeVrste)
+        najvecjaMoznaStarostRastline =
+            std::max(najvecjaMoznaStarostRastline, vrsta.casSigurneSmrti);
+}
+
+void CEcosystemSimulation::simulateNextStep() {
+    zagotoviInicializiranostSimulacije();
+    simulationStepNr += 1;
+    casPobijanjaDominiranihRastlin = 0;
+    nsPobijanjaDominiranihRastlin = 0;
+    const int casOstalo = elapsedAndRestart();
+    dodajRastlineVrstam();
+    const int casDodajal = elapsedAndRestart();
+    zrastiVseRastlineInDolociMoci();
+    const int casZrastel = elapsedAndRestart();
+    pobijRastline();
+    const int casPobijal = elapsedAndRestart();
+    saveStatistics(casOstalo, casDodajal, casZrastel, casPobijal);
+}
+
+void CEcosystemSimulation::dodajRastlineVrstam() {
+    for (CVrstaRastlin& vrsta : rastlinskeVrste)
+        vrsta.dodajKomuliraneRastline(
+            vrsta.stNovihRastlinNaSimulacijskiKorak * vrsta.komulacijaSemen, rastlinePoTerenu);
+}
+
+void CEcosystemSimulation::zrastiVseRastlineInDolociMoci() {
+    for (CVrstaRastlin& vrsta : rastlinskeVrste) {
+        vrsta.komulacijaSemen = static_cast<float>(1.0 / vrsta.stNovihRastlinNaSimulacijskiKorak);
+        for (CRastlina& rastlina : vrsta.ziviPrimerkiTeVrste) {
+            if (rastlina.jeDominirana) {
+                // A dominated plant does not grow and loses its penetration.
+                const float manjsa = static_cast<float>(rastlina.prodornost - 1.0);
+                rastlina.prodornost = manjsa > 0 ? manjsa : 0.0f;
+            } else {
+                zrastiRastlino(rastlina, vrsta);
+            }
+            rastlina.trenutnaStarost += 1;
+        }
+    }
+}
+
+void CEcosystemSimulation::zrastiRastlino(CRastlina& rastlina, CVrstaRastlin& rastlinskaVrsta) {
+    povecajVelikostRastline(rastlina);
+    rastlina.trenutniRadij =
+        rastlina.trenutnaVelikost * rastlinskaVrsta.razmerjeMedVelikostjoInRadijemKrosnje;
+    dolociMocRastline(rastlina);
+    if (rastlina.trenutnaStarost >= rastlinskaVrsta.casZrelosti)
+        rastlinskaVrsta.komulacijaSemen += rastlina.trenutnaMoc;
+}
+
+void CEcosystemSimulation::povecajVelikostRastline(CRastlina& rastlina) {
+    const CVrstaRastlin& vrsta = *rastlina.vrstaRastline;
+    const float ugodnost = izracunajUgodnostPogojev(rastlina);
+    if (rastlina.trenutnaStarost < vrsta.casZrelosti)
+        rastlina.trenutnaVelikost += ugodnost * vrsta.velikostObZrelosti / vrsta.casZrelosti;
+    else if (rastlina.trenutnaStarost < vrsta.casStarosti)
+        rastlina.trenutnaVelikost +=
+            ugodnost * (1.0 - vrsta.velikostObZrelosti) / (vrsta.casStarosti - vrsta.casZrelosti);
+}
+
+void CEcosystemSimulation::dolociMocRastline(CRastlina& rastlina) {
+    // Holds while inclination stays in 0..1 and skodljivostNaklona <= 1.
+    assert(rastlina.prodornost >= 0 && "rastlina.prodornost >= 0");
+    const float maxDozivetaMoc = static_cast<float>(rastlina.vrstaRastline->casSigurneSmrti) /
+                                 static_cast<float>(najvecjaMoznaStarostRastline);
+    rastlina.trenutnaMoc = maxDozivetaMoc * (rastlina.prodornost * rastlina.trenutnaVelikost);
+}
+
+float CEcosystemSimulation::izracunajUgodnostPogojev(CRastlina&) {
+    return 1.0f;
+}
+
+void CEcosystemSimulation::pobijRastline() {
+    dominanceGrid.zgradi(rastlinskeVrste, CVrstaRastlin::maxStKvadratovNajdemRadijSoseda);
+    lifeFactors.dominanceGrid = &dominanceGrid;
+    for (CVrstaRastlin& vrsta : rastlinskeVrste)
+        vrsta.ziviPrimerkiTeVrste.remove_if(&CEcosystemSimulation::umreSedaj);
+    lifeFactors.dominanceGrid = nullptr;
+}
+
+bool CEcosystemSimulation::umreSedaj(CRastlina& rastlina) {
+    QElapsedTimer lokalniCas;
+    lokalniCas.start();
+    CEcosystemSimulation& simulacija = *myStaticPtr;
+    const bool umre = simulacija.lifeFactors.umreSedaj(rastlina);
+    if (umre) {
+        std::vector<CRastlina*>& celica =
+            simulacija.rastlinePoTerenu[rastlina.pozicijaMap2D.y * simulacija.terrainData->stTockX +
+                                        rastlina.pozicijaMap2D.x];
+        const auto it = std::find(celica.begin(), celica.end(), &rastlina);
+        if (it != celica.end())
+            celica.erase(it);
+        if (simulacija.lifeFactors.dominanceGrid)
+            simulacija.dominanceGrid.odstrani(rastlina);
+    }
+    nsPobijanjaDominiranihRastlin += lokalniCas.nsecsElapsed();
+    casPobijanjaDominiranihRastlin = static_cast<int>(nsPobijanjaDominiranihRastlin / 1000000);
+    return umre;
+}
+
+// ---- statistics ----
+
+void CEcosystemSimulation::saveStatistics(int casOstalo, int casDodajal, int casZrastel,
+                                          int casPobijal) {
+    std::vector<int> stevilaRastlin;
+    stevilaRastlin.reserve(rastlinskeVrste.size());
+    for (const CVrstaRastlin& vrsta : rastlinskeVrste)
+        stevilaRastlin.push_back(static_cast<int>(vrsta.ziviPrimerkiTeVrste.size()));
+    entitiesStatistics.addLiveSpecies(stevilaRastlin);
+    entitiesStatistics.saveSimulationRutinesTimings(simulationStepNr, casOstalo, casDodajal,
+                                                    casZrastel, casPobijal,
+                                                    casPobijanjaDominiranihRastlin);
+}
+
+// ---- simulation file ----
+
+namespace {
+void zapisiRastlino(std::ostream& izhod, const CRastlina& r) {
+    izhod << r.pozicijaMap2D.x << '\t' << r.pozicijaMap2D.y << '\t' << r.pozicija3D.x << '\t'
+          << r.pozicija3D.y << '\t' << r.pozicija3D.z << '\t' << r.id << '\t' << r.trenutnaStarost
+          << '\t' << r.trenutnaVelikost << '\t' << r.trenutniRadij << '\t' << r.prodornost << '\t'
+          << r.trenutnaMoc << '\t' << r.strminaTukaj << '\t' << r.vlaznostTukaj << '\t'
+          << r.sonceTukaj << '\t' << r.veterTukaj << '\t' << r.visinaTukajNormNadVodo << '\t'
+          << r.umreNaKoraku << '\n';
+}
+} // namespace
+
+void CEcosystemSimulation::saveSimulation(const std::string& fileName) {
+    std::ostringstream izhod;
+    izhod.imbue(std::locale::classic());
+    izhod << simulationStepNr << '\n' << rastlinskeVrste.size() << '\n';
+    for (const CVrstaRastlin& vrsta : rastlinskeVrste) {
+        izhod << vrsta.ziviPrimerkiTeVrste.size() << '\n';
+        for (const CRastlina& rastlina : vrsta.ziviPrimerkiTeVrste)
+            zapisiRastlino(izhod, rastlina);
+    }
+    for (const CVrstaRastlin& vrsta : rastlinskeVrste)
+        izhod << vrsta.komulacijaPrihajajocihRastlin << '\t';
+    for (unsigned long long seed : getRandomGeneratorSeeds())
+        izhod << seed << '\t';
+    izhod << '\n'
+          << terrainData->lupaXmin << '\t' << terrainData->lupaXmax << '\t' << terrainData->lupaYmin
+          << '\t' << terrainData->lupaYmax << '\n';
+
+    // Written to a temporary file that replaces the old one only when complete.
+    const std::string besedilo = izhod.str();
+    QSaveFile datoteka(QString::fromStdString(fileName));
+    const bool zapisano =
+        datoteka.open(QIODevice::WriteOnly) &&
+        datoteka.write(besedilo.data(), qint64(besedilo.size())) == qint64(besedilo.size()) &&
+        datoteka.commit();
+    if (!zapisano) {
+        arbo::showUserMessage("Error", tr("Could not save simulation file.").toStdString());
+        return;
+    }
+    std::cout << "Simulation @ step " << simulationStepNr << "successfouly saved" << std::endl;
+}
+
+void CEcosystemSimulation::loadSimulation(const std::string& filename) {
+    const int stTockX = terrainData ? terrainData->stTockX : 0;
+    const int stTockY = terrainData ? terrainData->stTockY : 0;
+    CSimulationFile vsebina;
+    switch (vsebina.preberi(filename, int(rastlinskeVrste.size()), stTockX, stTockY)) {
+    case CSimulationFile::Izid::Prebrano:
+        break;
+    case CSimulationFile::Izid::NiOdprta:
+        // What cannot be read has no species, which never matches a running simulation.
+        if (!rastlinskeVrste.empty())
+            std::cerr << "Number of species size mismatch!" << std::endl;
+        arbo::showUserMessage("Error", tr("Could not open simulation file.").toStdString());
+        return;
+    case CSimulationFile::Izid::NapacnoSteviloVrst:
+        std::cerr << "Number of species size mismatch!" << std::endl;
+        arbo::showUserMessage(
+            "Error", tr("The simulation file has another number of species.").toStdString());
+        return;
+    case CSimulationFile::Izid::Pokvarjena:
+        arbo::showUserMessage("Error", tr("The simulation file is damaged.").toStdString());
+        return;
+    }
+    prevzemiSimulacijo(vsebina);
+}
+
+void CEcosystemSimulation::prevzemiSimulacijo(const CSimulationFile& vsebina) {
+    simulationStepNr = vsebina.simulationStepNr;
+    int stVsehRastlin = 0;
+    izprazniIndeksCelic();
+    for (size_t v = 0; v < rastlinskeVrste.size(); ++v) {
+        CVrstaRastlin& vrsta = rastlinskeVrste[v];
+        const std::vector<CSimulationFile::Rastlina>& rastline = vsebina.rastlineVrst[v];
+        stVsehRastlin += int(rastline.size());
+        vrsta.ziviPrimerkiTeVrste.clear();
+        for (const CSimulationFile::Rastlina& r : rastline) {
+            // The constructor samples the cell and takes an id; the stored state then wins.
+            CRastlina& rastlina = vrsta.ziviPrimerkiTeVrste.emplace_back(
+                vrsta, Tocka2i(r.x, r.y), arbo::Tocka(r.pozicijaX, r.pozicijaY, r.pozicijaZ));
+            rastlina.id = r.id;
+            rastlina.trenutnaStarost = r.trenutnaStarost;
+            rastlina.trenutnaVelikost = r.trenutnaVelikost;
+            rastlina.trenutniRadij = r.trenutniRadij;
+            rastlina.prodornost = r.prodornost;
+            rastlina.trenutnaMoc = r.trenutnaMoc;
+            rastlina.strminaTukaj = r.strminaTukaj;
+            rastlina.vlaznostTukaj = r.vlaznostTukaj;
+            rastlina.sonceTukaj = r.sonceTukaj;
+            rastlina.veterTukaj = r.veterTukaj;
+            rastlina.visinaTukajNormNadVodo = r.visinaTukajNormNadVodo;
+            rastlina.umreNaKoraku = r.umreNaKoraku;
+        }
+    }
+    for (size_t v = 0; v < rastlinskeVrste.size(); ++v)
+        rastlinskeVrste[v].komulacijaPrihajajocihRastlin = vsebina.komulacijePrihajajocihRastlin[v];
+    setRandomGeneratorSeeds(vsebina.seeds);
+    terrainData->lupaXmin = vsebina.lupaXmin;
+    terrainData->lupaXmax = vsebina.lupaXmax;
+    terrainData->lupaYmin = vsebina.lupaYmin;
+    terrainData->lupaYmax = vsebina.lupaYmax;
+    napolniIndeksCelic();
+    std::cout << "Simulation @ step " << simulationStepNr << " with " << stVsehRastlin
+              << " plants successfouly loaded" << std::endl;
+    saveStatistics(0, 0, 0, 0);
+}
+
+} // namespace ecosystem

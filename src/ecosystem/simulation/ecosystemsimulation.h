@@ -1,0 +1,77 @@
+#pragma once
+
+#include "ecosystem/simulation/dominancegrid.h"
+#include "ecosystem/simulation/entities/rastlina.h"
+#include "ecosystem/simulation/entities/vrstarastlin.h"
+#include "ecosystem/simulation/lifefactors.h"
+#include "ecosystem/simulation/simulationfile.h"
+#include "ecosystem/simulation/statistics/entitiesstatistics.h"
+
+#include <QElapsedTimer>
+
+#include <string>
+#include <vector>
+
+namespace ecosystem::data {
+class CTerrainData;
+}
+
+namespace ecosystem {
+
+// Owns the species (and through them every plant), the per-cell plant index,
+// the life factors and the statistics, and advances the ecosystem one step at
+// a time: add new plants, grow them and work out their strengths, kill.
+class CEcosystemSimulation {
+public:
+    bool simulationRunning;
+    int simulationStepNr; // last completed step; -1 until the vegetation exists
+    std::vector<simulationEntities::CVrstaRastlin> rastlinskeVrste;
+    LifeFactors lifeFactors;
+    std::vector<simulationEntities::CRastlina*>* rastlinePoTerenu; // one vector per cell, owned
+    data::CTerrainData* terrainData;                               // not owned
+    int najvecjaMoznaStarostRastline;
+    statistics::CEntitiesStatistics entitiesStatistics;
+    QElapsedTimer timer;
+    CDominanceGrid dominanceGrid; // reused by every kill phase
+
+    static CEcosystemSimulation* myStaticPtr;
+    static int casPobijanjaDominiranihRastlin;
+
+    CEcosystemSimulation();
+    ~CEcosystemSimulation();
+    CEcosystemSimulation(const CEcosystemSimulation&) = delete;
+    CEcosystemSimulation& operator=(const CEcosystemSimulation&) = delete;
+
+    void setTerrainData(data::CTerrainData& terrainData);
+    void simulateNextStep();
+    statistics::CEntitiesStatistics* getEntitiesStatistics();
+
+    void setRandomGeneratorSeeds(const std::vector<unsigned long long>& seeds);
+    std::vector<unsigned long long> getRandomGeneratorSeeds();
+    void createSeeds();
+
+    void saveSimulation(const std::string& fileName);
+    void loadSimulation(const std::string& filename);
+
+    void saveStatistics(int casOstalo, int casDodajal, int casZrastel, int casPobijal);
+
+    void zagotoviInicializiranostSimulacije();
+    void dodajRastlineVrstam();
+    void zrastiVseRastlineInDolociMoci();
+    void zrastiRastlino(simulationEntities::CRastlina& rastlina,
+                        simulationEntities::CVrstaRastlin& rastlinskaVrsta);
+    void povecajVelikostRastline(simulationEntities::CRastlina& rastlina);
+    void dolociMocRastline(simulationEntities::CRastlina& rastlina);
+    float izracunajUgodnostPogojev(simulationEntities::CRastlina&);
+    void pobijRastline();
+    static bool umreSedaj(simulationEntities::CRastlina& rastlina);
+
+private:
+    void prevzemiSimulacijo(const CSimulationFile& vsebina);
+    int steviloCelic() const;
+    void izprazniIndeksCelic();
+    void napolniIndeksCelic();
+    int elapsedAndRestart();
+};
+
+} // namespace ecosystem

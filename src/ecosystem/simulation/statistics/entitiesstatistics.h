@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace arbo {
+class Krivulja;
+}
+
+namespace ecosystem::statistics {
+
+// What the simulation did: living plants, deaths by cause, one curve per
+// species of living plants per step and of drawn plants per frame, and the
+// timing report of the latest step.
+class CEntitiesStatistics {
+public:
+    int stTrenutnoZivih;
+    int umrliZaradiDominiranosti;
+    int umrliOstalo;
+    int umrliSkupaj;
+    std::vector<arbo::Krivulja*> grafiStevilaRastlin;             // owned, one per species
+    std::vector<arbo::Krivulja*> grafiStevilaUpodobljenihRastlin; // owned, one per species
+    int sumRenderTime;
+    int sumSimmTime;
+    std::string logText;
+
+    CEntitiesStatistics();
+    ~CEntitiesStatistics();
+    CEntitiesStatistics(const CEntitiesStatistics&) = delete;
+    CEntitiesStatistics& operator=(const CEntitiesStatistics&) = delete;
+
+    void setStTrenutnoZivih(int stTrenutnoZivih);
+    void dodajSmrtZaradiDominiranosti();
+    void dodajSmrtOstalo();
+    void addLiveSpecies(const std::vector<int>& stevilaRastlin);
+    void addRenderedSpecies(const std::vector<int>& stevilaRastlin);
+    void saveSimulationRutinesTimings(int stepNr, int casOstalo, int casDodajal, int casZrastel,
+                                      int casPobijal, int casPobijanjaDominiranihRastlin);
+    std::vector<arbo::Krivulja*>* getGrafiStevilaRastlin();
+    std::vector<arbo::Krivulja*>* getGrafiStevilaUpodobljenihRastlin();
+    std::string getLogText();
+
+private:
+    static void dodajTocke(std::vector<arbo::Krivulja*>& grafi,
+                           const std::vector<int>& stevilaRastlin);
+};
+
+} // namespace ecosystem::statistics

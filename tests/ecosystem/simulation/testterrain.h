@@ -1,0 +1,70 @@
+#pragma once
+
+// Small hand-made terrains and an independent re-derivation of the stream
+// generator, shared by the simulation tests.
+
+#include "ecosystem/simulation/data/terraindata.h"
+#include "ecosystem/simulation/entities/vrstarastlin.h"
+
+#include <vector>
+
+namespace testterrain {
+
+// The generator as its definition reads: state * 69069 modulo 2^33, result
+// the low 32 bits modulo the range.
+inline unsigned naslednje(unsigned long long& stanje, unsigned razpon) {
+    stanje = (stanje * 69069ULL) % (1ULL << 33);
+    return static_cast<unsigned>(stanje % (1ULL << 32)) % razpon;
+}
+
+// A w x h grid, 25 m apart, every vertex at height 100 (of a 500 m range) and
+// every layer at the given values; the lupa covers the whole grid.
+inline void pripravi(ecosystem::data::CTerrainData& t, int w, int h, float strmina = 0.0f,
+                     float vlaga = 0.5f, float sonce = 0.5f, float veter = 0.0f) {
+    t.stTockX = w;
+    t.stTockY = h;
+    t.visinskaRazlikaNaTerenu = 500.0f;
+    t.waterHeight = 0.0f;
+    t.dimen = arbo::Tocka(25.0f * w, 1000.0f, 25.0f * h);
+    t.pTerrainVertexData.assign(w * h, {});
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x)
+            t.pTerrainVertexData[x + y * w].pos = arbo::Tocka(25.0f * x, 100.0f, 25.0f * y);
+    t.terrainInclination.assign(w * h, strmina);
+    t.terrainMoisture.assign(w * h, vlaga);
+    t.terrainSunniness.assign(w * h, sonce);
+    t.terrainWindiness.assign(w * h, veter);
+    t.lupaXmin = 0;
+    t.lupaXmax = w - 1;
+    t.lupaYmin = 0;
+    t.lupaYmax = h - 1;
+    t.buildNonwaterIndexes();
+}
+
+inline void potopi(ecosystem::data::CTerrainData& t, int x, int y) {
+    t.pTerrainVertexData[x + y * t.stTockX].pos.y = 0.0f;
+}
+
+// A species that tolerates everything: no condition ever slows or kills it.
+struct Lastnosti {
+    int tip = 0;
+    int casZrelosti = 3, casStarosti = 10, casSigurneSmrti = 25;
+    float velikostObZrelosti = 0.8f;
+    float verjetnostUmrtjaObDominiranosti = 0.5f;
+    float razmerje = 1.0f;
+    float delezBlizu = 0.8f;
+    float skodljivostNaklona = 0.0f;
+    float vplivMoci = 1.0f;
+};
+
+inline ecosystem::simulationEntities::CVrstaRastlin
+vrsta(ecosystem::data::CTerrainData* t, ecosystem::statistics::CEntitiesStatistics* s,
+      const Lastnosti& l = {}) {
+    return ecosystem::simulationEntities::CVrstaRastlin(
+        t, s, l.tip, 5.0f, 0.0f, l.casZrelosti, l.casStarosti, l.casSigurneSmrti,
+        l.velikostObZrelosti, l.verjetnostUmrtjaObDominiranosti, 0.5f, 10.0f, 0.3f, 0.5f, 0.5f,
+        10.0f, 0.3f, 0.5f, 0.5f, 10.0f, 0.4f, 0.1f, 0.0f, 10.0f, 0.1f, 0.1f, l.razmerje,
+        l.delezBlizu, l.skodljivostNaklona, l.vplivMoci);
+}
+
+} // namespace testterrain
