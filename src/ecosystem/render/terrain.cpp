@@ -163,11 +163,44 @@ void Terrain::render() {
 
     const int stTockX = arraysStTockX;
     const GLenum mode = wireframe ? GL_LINE_STRIP : GL_TRIANGLE_STRIP;
+    enableArrays();
     bindTextures();
     for (int y = 0; y < arraysStTockY - 1; ++y)
         glDrawElements(mode, 2 * stTockX, GL_UNSIGNED_SHORT,
                        verticesIndexArray.data() + 2 * size_t(stTockX) * y);
     unbindTextures();
+    disableArrays();
+}
+
+// The trees draw from client arrays of their own in the same context: an array
+// left enabled here (the detail coordinates on unit 1 above all) would be read
+// past its end by their draws. So the terrain's arrays are enabled, pointed and
+// locked only while the terrain draws.
+void Terrain::enableArrays() {
+    makeVertexArray();
+    if (gl.multitexture) {
+        gl.clientActiveTexture(GL_TEXTURE1_ARB);
+        glTexCoordPointer(2, GL_FLOAT, 0, uvTextureArray.data());
+        glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+        gl.clientActiveTexture(GL_TEXTURE0_ARB);
+    }
+    glTexCoordPointer(2, GL_FLOAT, 0, stTextureArray.data());
+    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+    if (gl.compiledVertexArray && !locked) {
+        gl.lockArrays(0, arraysStTockX * arraysStTockY);
+        locked = true;
+    }
+}
+
+void Terrain::disableArrays() {
+    unlockArrays();
+    if (gl.multitexture) {
+        gl.clientActiveTexture(GL_TEXTURE1_ARB);
+        glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+        gl.clientActiveTexture(GL_TEXTURE0_ARB);
+    }
+    glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+    glDisableClientState(GL_VERTEX_ARRAY);
 }
 
 void Terrain::renderFallback() {

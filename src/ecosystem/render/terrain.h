@@ -72,6 +72,8 @@ private:
     void takeUpReloadedDem();
     bool gridFitsIndices() const;
     void unlockArrays();
+    void enableArrays();
+    void disableArrays();
 };
 
 } // namespace ecosystem::render

@@ -208,6 +208,25 @@ private slots:
         }
     }
 
+    // Trees draw from client arrays of their own after the terrain: nothing of
+    // the terrain's may stay enabled.
+    void drawingLeavesNoClientArrayEnabled() {
+        if (!haveGl)
+            QSKIP("no OpenGL context");
+        CTerrainData data;
+        Terrain terrain(&gl.context, &data);
+        prepare(terrain, data);
+        drawTerrain(terrain);
+        QVERIFY(!glIsEnabled(GL_VERTEX_ARRAY));
+        QVERIFY(!glIsEnabled(GL_TEXTURE_COORD_ARRAY));
+        if (terrain.extensions().multitexture) {
+            terrain.extensions().clientActiveTexture(GL_TEXTURE1_ARB);
+            QVERIFY(!glIsEnabled(GL_TEXTURE_COORD_ARRAY));
+            terrain.extensions().clientActiveTexture(GL_TEXTURE0_ARB);
+        }
+        QCOMPARE(glGetError(), GLenum(GL_NO_ERROR));
+    }
+
     void reloadedDemIsTakenUpAtNextFrame() {
         if (!haveGl)
             QSKIP("no OpenGL context");
