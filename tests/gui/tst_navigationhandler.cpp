@@ -197,9 +197,9 @@ private slots:
         QCOMPARE(camera()->x, 17.0f);
         const ecosystem::data::CTerrainData* t = scene->getTerrainData();
         const QString expected = QString("(%1, %2, %3)")
-                                     .arg(QString::number(double(17.0f + t->dmrMinX), 'g', 10))
-                                     .arg(QString::number(double(790.0f + t->dmrMinY), 'g', 10))
-                                     .arg(QString::number(double(1000.0f + t->dmrMinZ), 'g', 10));
+                                     .arg(QString::number(double(17.0f + t->dmrMinX), 'g', 7))
+                                     .arg(QString::number(double(790.0f + t->dmrMinY), 'g', 7))
+                                     .arg(QString::number(double(1000.0f + t->dmrMinZ), 'g', 7));
         QCOMPARE(panel->ui.dmr->text(), expected);
 
         panel->ui.Z->setValue(321);
