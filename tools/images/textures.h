@@ -171,7 +171,7 @@ inline QImage makeDetail() {
             const Cell c = cellular(u * 40, v * 40, 40, 40, 83);
             const float pebble = (1.0f - smoothstep(0.15f, 0.35f, c.f1)) * (c.id - 0.5f);
             const float speck = unit(x, y, 84) - 0.5f;
-            const float val = 0.35f * broad + 0.35f * mid + 0.5f * pebble + 0.22f * speck;
+            const float val = 0.12f * broad + 0.4f * mid + 0.5f * pebble + 0.28f * speck;
             f.at(x, y) = val;
             sum += val;
         }
@@ -365,11 +365,11 @@ inline void paintBlades(QImage& img, const GroundStyle& s) {
 inline GroundStyle groundStyle(int band) {
     switch (band) {
     case 1: // lush meadow of the valley floor
-        return {{40, 86, 26},
-                {72, 128, 40},
-                {112, 160, 58},
-                {60, 120, 36},
-                {128, 172, 66},
+        return {{50, 88, 32},
+                {82, 126, 48},
+                {122, 156, 70},
+                {70, 118, 42},
+                {136, 168, 80},
                 2600,
                 7.0f,
                 {0, 0, 0},
@@ -443,6 +443,14 @@ inline QImage makeGround(int band) {
     paintBase(img, s);
     paintBlades(img, s);
     paintShrubs(img, s);
+    // The ortho-photo halves every colour; bright, sunlit ground keeps the terrain from
+    // looking murky.
+    const float gain[] = {1.25f, 1.2f, 1.15f, 1.15f, 1.1f};
+    for (int y = 0; y < img.height(); ++y) {
+        QRgb* line = reinterpret_cast<QRgb*>(img.scanLine(y));
+        for (int x = 0; x < img.width(); ++x)
+            line[x] = toQRgb(scaled(fromQRgb(line[x]), gain[band - 1]));
+    }
     return img;
 }
 
