@@ -13,6 +13,7 @@
 #include <QImageWriter>
 
 #include <cstdio>
+#include <utility>
 
 namespace {
 

@@ -18,14 +18,14 @@ inline QImage makeBark() {
     // Furrows follow the zero lines of a vertically stretched noise: long, wavy and now and then
     // joining. Dividing the noise by its gradient gives the distance to the line in pixels, so
     // every furrow has about the same width.
-    Field wave(W, H), cellId(W, H);
+    Field wave(W, H), plateTone(W, H);
     for (int y = 0; y < H; ++y)
         for (int x = 0; x < W; ++x) {
             const float u = (x + 0.5f) / W, v = (y + 0.5f) / H;
             const float warp = 0.35f * fbm(u * 3, v * 3, 3, 3, 0.5f, 11) +
                                0.04f * fbm(u * 24, v * 12, 24, 12, 2, 0.5f, 14);
             wave.at(x, y) = fbm(u * 10 + warp * 1.5f, v * 1, 10, 1, 2, 0.3f, 12);
-            cellId.at(x, y) = 0.5f + 0.5f * fbm(u * 10 + warp * 1.5f, v * 3, 10, 3, 2, 0.5f, 22);
+            plateTone.at(x, y) = 0.5f + 0.5f * fbm(u * 10 + warp * 1.5f, v * 3, 10, 3, 2, 0.5f, 22);
         }
     Field height(W, H), lichen(W, H), tone(W, H);
     for (int y = 0; y < H; ++y)
@@ -40,7 +40,7 @@ inline QImage makeBark() {
             const float fibre = fbm(u * 64, v * 6, 64, 6, 3, 0.6f, 31);
             const float rough = fbm(u * 40, v * 20, 40, 20, 4, 0.6f, 41);
             const float fine = fbm(u * 128, v * 64, 128, 64, 2, 0.5f, 42);
-            height.at(x, y) = 0.8f * std::sqrt(ridge) * (0.85f + 0.3f * cellId.get(x, y)) +
+            height.at(x, y) = 0.8f * std::sqrt(ridge) * (0.85f + 0.3f * plateTone.get(x, y)) +
                               0.07f * fibre + 0.18f * rough + 0.07f * fine;
             lichen.at(x, y) = fbm(u * 5, v * 5, 5, 4, 0.55f, 51);
             tone.at(x, y) = fbm(u * 12, v * 4, 12, 4, 4, 0.6f, 52) + 0.5f * fibre;
