@@ -202,8 +202,7 @@ private:
             return s.lowerHides;
         const Tocka diff = current - start;
         const double horizontal = Tocka(diff.x, 0.0f, diff.z).dolzina();
-        if (horizontal == 0.0)
-            return s.lowerHides;
+        // An infinite tangent hides as a right angle does; NaN hides nothing.
         return float(diff.y / horizontal) > s.hidingTangent;
     }
 

@@ -216,6 +216,16 @@ private slots:
         QVERIFY(std::fabs(sun.getAngle(Tocka2D(1, 1), Tocka2D(3.5, 1.5)) -
                           std::atan(10.0 / std::hypot(62.5, 12.5))) < 1e-6);
         QCOMPARE(sun.getAngle(Tocka2D(3, 1), Tocka2D(1, 1)), -1.0f);
+        // In a terrain box of no extent every vertex stands at one horizontal
+        // position: a higher one rises vertically (tan = 10 / 0, a right
+        // angle) and hides even the midday sun; a level one gives no angle.
+        t.dimen = Tocka(0, 1000, 0);
+        QCOMPARE(sun.getAngle(Tocka2D(1, 1), Tocka2D(3, 1)), float(M_PI / 2));
+        QVERIFY(std::isnan(sun.getAngle(Tocka2D(1, 1), Tocka2D(2, 1))));
+        QCOMPARE(sun.calculateShelternessBehindTerrain(Tocka2D(1, 1), Tocka(0.6f, 0.8f, 0.0f)),
+                 0.2f);
+        QCOMPARE(sun.calculateShelternessBehindTerrain(Tocka2D(3, 1), Tocka(0.6f, 0.8f, 0.0f)),
+                 1.0f);
     }
 
     void flatTerrainIsNeverHidden() {
@@ -338,6 +348,7 @@ private slots:
         QTest::newRow("ridge at the far north edge") << 2;
         QTest::newRow("pits and towers 41 x 37 in a stretched box") << 3;
         QTest::newRow("steep sun over a rough 100 x 6 strip") << 4;
+        QTest::newRow("rough 100 x 6 strip in a box of no extent") << 5;
     }
     void layerIsThePlainRuleBitForBit() {
         QFETCH(int, terrain);
@@ -355,10 +366,12 @@ private slots:
                 return r == 0 ? 90.0f : r == 1 ? -40.0f : float((x * y) % 7);
             });
             t.dimen = Tocka(700, 1000, 1900);
-        } else if (terrain == 4) {
+        } else if (terrain >= 4) {
             terraintest::reshape(t, 100, 6, [](int x, int y) {
                 return float(std::fmod(x * 7.31 + y * 3.17, 13.0) * 4);
             });
+            if (terrain == 5)
+                t.dimen = Tocka(0, 1000, 0);
         }
         buildNormals(t);
         CSunFactory sun(t);

@@ -7,6 +7,7 @@
 
 #include <cmath>
 
+using arbo::Tocka;
 using arbo::Tocka2D;
 using ecosystem::data::CTerrainData;
 using ecosystem::data::CWindFactory;
@@ -77,6 +78,12 @@ private slots:
         CWindFactory w(t);
         Tocka2D start(1, 3);
         QVERIFY(std::fabs(w.calculateWindness(start) - (1.0 - std::atan(0.2) / 0.6981317)) < 1e-5);
+        // A box of no extent: the rise is vertical (a right angle) and shelters
+        // fully; level ground upwind gives no angle and leaves a vertex exposed.
+        t.dimen = Tocka(0, 1000, 0);
+        QCOMPARE(w.calculateWindness(start), 0.0f);
+        Tocka2D level(0, 3);
+        QCOMPARE(w.calculateWindness(level), 1.0f);
     }
 
     void stillWindLeavesEverythingExposed() {
