@@ -275,6 +275,97 @@
     </message>
 </context>
 <context>
+    <name>NavigationPanel</name>
+    <message>
+        <source>Navigation panel</source>
+        <translation>Navigacijska plošča</translation>
+    </message>
+    <message>
+        <source>Look</source>
+        <translation>Pogled</translation>
+    </message>
+    <message>
+        <source>Movement</source>
+        <translation>Premikanje</translation>
+    </message>
+    <message>
+        <source>Turn</source>
+        <translation>Obrat</translation>
+    </message>
+    <message>
+        <source>Roll</source>
+        <translation>Nagib</translation>
+    </message>
+    <message>
+        <source>Yow</source>
+        <translation>Zasuk</translation>
+    </message>
+    <message>
+        <source>Turn left</source>
+        <translation>Obrni levo</translation>
+    </message>
+    <message>
+        <source>Turn right</source>
+        <translation>Obrni desno</translation>
+    </message>
+    <message>
+        <source>Look down</source>
+        <translation>Poglej dol</translation>
+    </message>
+    <message>
+        <source>Look up</source>
+        <translation>Poglej gor</translation>
+    </message>
+    <message>
+        <source>Roll left</source>
+        <translation>Nagni levo</translation>
+    </message>
+    <message>
+        <source>Roll right</source>
+        <translation>Nagni desno</translation>
+    </message>
+    <message>
+        <source>Terrain dimensions: 2500m x 2500m.</source>
+        <translation>Velikost terena: 2500m x 2500m.</translation>
+    </message>
+    <message>
+        <source>Move North</source>
+        <translation>Premik proti severu</translation>
+    </message>
+    <message>
+        <source>Move South</source>
+        <translation>Premik proti jugu</translation>
+    </message>
+    <message>
+        <source>Move West</source>
+        <translation>Premik proti zahodu</translation>
+    </message>
+    <message>
+        <source>Move East</source>
+        <translation>Premik proti vzhodu</translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation>Premik gor</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>Premik dol</translation>
+    </message>
+    <message>
+        <source>DEM:</source>
+        <translation>DMR:</translation>
+    </message>
+    <message>
+        <source>Travel forward</source>
+        <translation>Potuj naprej</translation>
+    </message>
+    <message>
+        <source>Travel backward</source>
+        <translation>Potuj nazaj</translation>
+    </message>
+</context>
+<context>
     <name>ecosystem::CEcosystemSimulation</name>
     <message>
         <source>Could not save simulation file.</source>

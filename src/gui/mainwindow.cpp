@@ -3,6 +3,7 @@
 #include "ecosystem/render/ecosystemrender.h"
 #include "gui/about.h"
 #include "gui/actionhandling/filehandler.h"
+#include "gui/actionhandling/navigationhandler.h"
 #include "gui/actionhandling/timekeeper.h"
 #include "gui/actionhandling/viewhandler.h"
 #include "gui/help.h"
@@ -44,6 +45,7 @@ void MainWindow::bindNewModel(EcosystemRender* model) {
     bindTimeKeeper();
     bindSceneActions();
     bindViewHandler();
+    bindNavigationHandler();
 }
 
 void MainWindow::bindFileHandler() {
@@ -97,11 +99,60 @@ void MainWindow::bindViewHandler() {
             &actionhandling::ViewHandler::actionShow_ecosystem);
 }
 
+// Every navigation action reaches the handler's slot of the same name.
+void MainWindow::bindNavigationHandler() {
+    using actionhandling::NavigationHandler;
+    navigationHandler = new NavigationHandler(this, currentModel);
+    const QList<QAction*> actions = {
+        ui.action_Navigation_panel,
+        ui.actionSwitch_to_next_predefined_camera,
+        ui.actionSave_camera_as_predefined,
+        ui.actionReset_camera_view,
+        ui.actionKeep_camera_position_above_terrain_surface_ecosystem_mode,
+        ui.actionForce_camera_position_at_terrain_surface_ecosystem_mode,
+        ui.actionMove_up,
+        ui.actionMove_down,
+        ui.actionMove_left,
+        ui.actionMove_right,
+        ui.actionMove_forward,
+        ui.actionMove_backward,
+        ui.actionRotate_left,
+        ui.actionRotate_right,
+        ui.actionRotate_up,
+        ui.actionRotate_down,
+        ui.actionRotate_in,
+        ui.actionRotate_out,
+        ui.actionMove_up_more,
+        ui.actionMove_down_more,
+        ui.actionMove_left_more,
+        ui.actionMove_right_more,
+        ui.actionMove_forward_more,
+        ui.actionMove_backward_more,
+        ui.actionMove_up_less,
+        ui.actionMove_down_less,
+        ui.actionMove_left_less,
+        ui.actionMove_right_less,
+        ui.actionMove_forward_less,
+        ui.actionMove_backward_less};
+    for (QAction* action : actions) {
+        const QByteArray slot = "1" + action->objectName().toLatin1() + "()";
+        connect(action, SIGNAL(triggered()), navigationHandler, slot.constData());
+    }
+    connect(navigationHandler, &NavigationHandler::startCameraAnimation, timeKeeper,
+            &actionhandling::TimeKeeper::startCameraAnimation);
+    connect(navigationHandler, &NavigationHandler::stopCameraAnimation, timeKeeper,
+            &actionhandling::TimeKeeper::stopCameraAnimation);
+    connect(timeKeeper, &actionhandling::TimeKeeper::animateCamera, navigationHandler,
+            &NavigationHandler::animateCamera);
+}
+
 void MainWindow::newGlContextInitialized(OglWidget* view) {
     connect(timeKeeper, &actionhandling::TimeKeeper::updateOnlyGL, view, &OglWidget::updateGL,
             Qt::UniqueConnection);
     connect(viewHandler, &actionhandling::ViewHandler::forceRepaint, view, &OglWidget::updateGL,
             Qt::UniqueConnection);
+    connect(navigationHandler, &actionhandling::NavigationHandler::forceRefresh, view,
+            &OglWidget::updateGL, Qt::UniqueConnection);
 }
 
 void MainWindow::on_actionAdd_view_triggered() {

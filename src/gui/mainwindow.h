@@ -54,6 +54,7 @@ private:
     void bindTimeKeeper();
     void bindSceneActions();
     void bindViewHandler();
+    void bindNavigationHandler();
 };
 
 } // namespace gui

@@ -5,6 +5,8 @@
 #include "arbo/usermessage.h"
 #include "ecosystem/render/camera.h"
 #include "ecosystem/render/framerate.h"
+#include "ecosystem/render/sky.h"
+#include "ecosystem/render/terrain.h"
 #include "ecosystem/simulation/data/terraindata.h"
 #include "ecosystem/simulation/ecosystemsimulation.h"
 
@@ -18,17 +20,24 @@
 
 namespace ecosystem::render {
 
-EcosystemRender::EcosystemRender(QOpenGLContext* /*context*/, QOpenGLWidget* widget)
+EcosystemRender::EcosystemRender(QOpenGLContext* context, QOpenGLWidget* widget)
     : qGLWidget(widget), filenameDetail(":/gui/textures/detail.png"),
       filenameSky1(":/gui/textures/sky_n.png"), filenameSky2(":/gui/textures/sky_s.png"),
       filenameSky3(":/gui/textures/sky_e.png"), filenameSky4(":/gui/textures/sky_w.png"),
       filenameSky5(":/gui/textures/sky_u.png"), filenameSky6(":/gui/textures/sky_d.png") {
     initModelObjects();
     camera = new Camera(this, terrainData);
+    sky = new Sky(terrainData->dimen);
+    terrain = new Terrain(context, terrainData);
     initAllTextures(widget);
 }
 
 EcosystemRender::~EcosystemRender() {
+    delete terrain;
+    if (sky)
+        for (int i = 0; i < 6; ++i)
+            arbo::GlTexture::release(sky->getTextureNames()[i]);
+    delete sky;
     delete terrainData;
     delete ecosystemSimulation;
     for (arbo::Arbo* tree : izglediDrevesnihVrst) {
@@ -60,7 +69,7 @@ void EcosystemRender::createModelTrees() {
         auto* tree = new arbo::Arbo();
         tree->createKvadraticnePloskve();
         tree->pdPrepared.loadParameters(file);
-        izglediDrevesnihVrst.append(tree);
+        izglediDrevesnihVrst.push_back(tree);
     }
     selectTree(5);
 }
@@ -82,7 +91,7 @@ void EcosystemRender::makeTransparent(QImage& image) {
 
 void EcosystemRender::reloadAllTreeTextures() {
     const int selected = indexIzbranegaDrevesa;
-    for (int i = 0; i < izglediDrevesnihVrst.size(); ++i) {
+    for (int i = 0; i < int(izglediDrevesnihVrst.size()); ++i) {
         selectTree(i);
         reloadCurrentTreeTextures();
     }
@@ -112,8 +121,65 @@ void EcosystemRender::reloadCurrentTreeTextures() {
     izbranoArbo->reloadIdTextures(1, 1);
 }
 
-void EcosystemRender::initAllTextures(QOpenGLWidget* /*widget*/) {
+void EcosystemRender::initAllTextures(QOpenGLWidget* widget) {
     reloadAllTreeTextures();
+    sendSkyTexturesToSkyRender();
+    initTerrainTextures(widget);
+}
+
+void EcosystemRender::initTerrainTextures(QOpenGLWidget* /*widget*/) {
+    unsigned int ortho = 0, detail = 0;
+    terrain->getTextureNames(ortho, detail);
+    arbo::GlTexture::release(ortho);
+    arbo::GlTexture::release(detail);
+    terrain->setTextureNames(arbo::GlTexture::bind(*terrainData->ortofotoTexture),
+                             arbo::GlTexture::bind(QImage(filenameDetail)));
+    terrain->initGLContexMultitextureAndArrays();
+}
+
+// Missing sky images are not reported: that face stays untextured.
+void EcosystemRender::sendSkyTexturesToSkyRender() {
+    GLuint* old = sky->getTextureNames();
+    for (int i = 0; i < 6; ++i)
+        arbo::GlTexture::release(old[i]);
+    GLuint n[6];
+    const QString* files[6] = {&filenameSky1, &filenameSky2, &filenameSky3,
+                               &filenameSky4, &filenameSky5, &filenameSky6};
+    for (int i = 0; i < 6; ++i)
+        n[i] = arbo::GlTexture::bind(QImage(*files[i]));
+    sky->setTextureNames(n[0], n[1], n[2], n[3], n[4], n[5]);
+}
+
+void EcosystemRender::reloadSkyTextures(QString north, QString south, QString east, QString west,
+                                        QString up, QString down) {
+    filenameSky1 = north;
+    filenameSky2 = south;
+    filenameSky3 = east;
+    filenameSky4 = west;
+    filenameSky5 = up;
+    filenameSky6 = down;
+    sendSkyTexturesToSkyRender();
+    emit modelDataChanged();
+}
+
+void EcosystemRender::getSkyTextureFileNames(QString& north, QString& south, QString& east,
+                                             QString& west, QString& up, QString& down) const {
+    north = filenameSky1;
+    south = filenameSky2;
+    east = filenameSky3;
+    west = filenameSky4;
+    up = filenameSky5;
+    down = filenameSky6;
+}
+
+int EcosystemRender::renderVisiblePlants() {
+    std::vector<int> counts;
+    const int visible = visiblePlants.render(
+        ecosystemSimulation->rastlinskeVrste, izglediDrevesnihVrst, *izbranoArbo, *camera,
+        {showNeighborHood, doNotDrawTrees, lightingEnabled, wireframe}, counts);
+    getEntitiesStatistics()->addRenderedSpecies(counts);
+    emit nrPlantsRenderedChanged();
+    return visible;
 }
 
 void EcosystemRender::render() {
@@ -145,9 +211,14 @@ void EcosystemRender::renderEcosystem() {
     checkGlError("Camera set");
     setLightPosition();
     checkGlError("Lights set");
+    if (displaySky)
+        sky->render();
+    checkGlError("Sky konec");
+    terrain->render();
     // A newly loaded DEM is taken up here.
     if (!terrainData->isDataReady())
         terrainData->buildTerrainData();
+    renderVisiblePlants();
 }
 
 void EcosystemRender::setLightPosition() {
@@ -256,6 +327,7 @@ void EcosystemRender::toggleShowFPS() {
 }
 void EcosystemRender::toggleWireframe() {
     wireframe = !wireframe;
+    terrain->toggleWireframe();
 }
 void EcosystemRender::toggleShowNeighborHood() {
     showNeighborHood = !showNeighborHood;

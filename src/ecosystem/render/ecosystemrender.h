@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QList>
 #include <QObject>
 #include <QString>
+
+#include "ecosystem/render/visibleplantsrender.h"
 
 #include <string>
 #include <vector>
@@ -28,6 +29,8 @@ class CEntitiesStatistics;
 namespace ecosystem::render {
 
 class Camera;
+class Sky;
+class Terrain;
 
 // The scene: owns everything that is drawn or simulated, holds every display
 // switch, draws one frame on request and runs one simulation step on request.
@@ -46,6 +49,10 @@ public:
     statistics::CEntitiesStatistics* getEntitiesStatistics() const;
     bool isSimulationRedyAndRunning() const;
     std::vector<unsigned long long> getRandomGeneratorSeeds() const;
+    void getSkyTextureFileNames(QString& north, QString& south, QString& east, QString& west,
+                                QString& up, QString& down) const;
+    // Draws the living plants; returns how many passed the culling test.
+    int renderVisiblePlants();
     int getLupaMinX() const;
     int getLupaMaxX() const;
     int getLupaMinY() const;
@@ -59,11 +66,13 @@ public:
     bool displayTerrainWindiness = false;
     bool displayLandMarkings = false;
     Camera* camera = nullptr;
+    Terrain* terrain = nullptr;
+    Sky* sky = nullptr;
     data::CTerrainData* terrainData = nullptr;
     CEcosystemSimulation* ecosystemSimulation = nullptr;
     // Index i < 5 is the model of the species whose type is i; the sixth
     // belongs to no species.
-    QList<arbo::Arbo*> izglediDrevesnihVrst;
+    std::vector<arbo::Arbo*> izglediDrevesnihVrst;
     arbo::Arbo* izbranoArbo = nullptr;
     int indexIzbranegaDrevesa = 5;
     QOpenGLWidget* qGLWidget = nullptr;
@@ -118,6 +127,9 @@ public slots:
     void actionRender_less_often_skip_more_frames();
     void actionRender_more_often_skip_less_frames();
     void checkGlError(const char* message);
+    void sendSkyTexturesToSkyRender();
+    void reloadSkyTextures(QString north, QString south, QString east, QString west, QString up,
+                           QString down);
     void setLupaMinX(int v);
     void setLupaMaxX(int v);
     void setLupaMinY(int v);
@@ -141,6 +153,9 @@ private:
     void countFrame();
     void setLightPosition();
     void renderEcosystem();
+    void initTerrainTextures(QOpenGLWidget* widget);
+
+    VisiblePlantsRender visiblePlants;
 };
 
 } // namespace ecosystem::render
