@@ -121,6 +121,24 @@ class TestArbo : public QObject {
         QVERIFY(cpu == ref);
     }
 
+    // The four corners of a leaf of size s in OpenGL's current frame, as the
+    // geometry file writes them: R_y(0, 90, 180, 270) (s, 0, 0).
+    static std::vector<std::string> kotiListaGl(float s) {
+        std::vector<std::string> vrstice;
+        for (int k = 0; k < 4; ++k) {
+            glPushMatrix();
+            glRotated(90.0 * k, 0, 1, 0);
+            glTranslated(s, 0, 0);
+            GLfloat m[16];
+            glGetFloatv(GL_MODELVIEW_MATRIX, m);
+            glPopMatrix();
+            std::ostringstream o;
+            o << m[12] << ' ' << m[13] << ' ' << m[14];
+            vrstice.push_back(o.str());
+        }
+        return vrstice;
+    }
+
 private slots:
     void initTestCase() { QVERIFY(gl.ustvari()); }
 
@@ -298,6 +316,60 @@ private slots:
             return y;
         };
         QVERIFY(std::fabs(sredina(z[2]) - sredina(z[3]) - 2.5) < 1e-4);
+    }
+
+    // Two strands split into two one-strand twigs, each ending in three
+    // staggered leaves; the leaf corners are re-derived with OpenGL's own stack
+    // from the growing and drawing rules. The tip leaf's turn is taken back by
+    // the opposite turn and shift, so the stepped leaves inherit what is left
+    // of it.
+    void staggeredLeavesFollowTheTipLeafTurnBack() {
+        Arbo a;
+        a.createKvadraticnePloskve();
+        a.pdPrepared.stVsehZil = 2;
+        a.pdPrepared.gostotaListov = 3;
+        a.pdPrepared.tipListov = 2;
+        a.pdPrepared.listSize = 0.37f;
+        const auto z = razcleni(izvozi(a, "zamaknjeni.crs"));
+        QCOMPARE(int(z.size()), 9);
+        // B 0, B 1, three L 1, B 0 (continuation), three L 0.
+        const float v = 0.37f;
+        auto listi = [&](double vejica, size_t prvi) {
+            glTranslated(0, vejica, 0);
+            glTranslatef(0, v, 0); // the tip leaf
+            glRotatef(180, 0, 0, 1);
+            QCOMPARE(z[prvi].vrstice, kotiListaGl(v));
+            glRotatef(-180, 0, 0, 1);
+            glTranslatef(0, -v, 0);
+            glTranslatef(0, 0, v); // two stepped leaves, vejica / 2 apart
+            glPushMatrix();
+            glTranslatef(0, 0, -v);
+            glTranslatef(0, 0, v);
+            QCOMPARE(z[prvi + 1].vrstice, kotiListaGl(v));
+            glPopMatrix();
+            glTranslated(0, -vejica / 2, 0);
+            glPushMatrix();
+            glTranslatef(0, 0, -v);
+            glRotated(197.0, 0, 1, 0);
+            glTranslatef(0, 0, v);
+            glRotated(0.5 * 0.5 * 30.0, 1, 0, 0);
+            QCOMPARE(z[prvi + 2].vrstice, kotiListaGl(v));
+            glPopMatrix();
+        };
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        glRotated(85.0, 0, 1, 0); // trunk: 2 strands split 1 + 1, 45 degrees shared
+        glTranslated(0, 5.0, 0);
+        glRotated(0.3 * 22.5, 0, 0, 1);
+        glPushMatrix();
+        glTranslated(-0.5 * (std::sqrt(1.0) * 0.01f - 0.01f * std::sqrt(1.0)), 0, 0);
+        glRotated(22.5, 0, 0, 1);
+        glRotated(85.0, 0, 1, 0); // the side twig: length 1
+        listi(1.0, 2);
+        glPopMatrix();
+        glRotated(-22.5, 0, 0, 1);
+        glRotated(85.0, 0, 1, 0); // the continuation: length 1
+        listi(1.0, 6);
     }
 };
 
