@@ -1,5 +1,6 @@
 #include "arbo/arbo.h"
 #include "arbo/glokolje.h"
+#include "arbo/neodvisnarast.h"
 
 #include <QtTest>
 
@@ -262,6 +263,76 @@ private slots:
         primerjajPoti(a, QString("pot%1").arg(primer));
     }
 
+    // Whole frames against the independent grower, byte for byte.
+    void framesMatchAnIndependentGrower_data() {
+        QTest::addColumn<int>("primer");
+        for (int i = 0; i < 10; ++i)
+            QTest::newRow(qPrintable(QString::number(i))) << i;
+    }
+    void framesMatchAnIndependentGrower() {
+        QFETCH(int, primer);
+        Arbo a;
+        a.createKvadraticnePloskve();
+        ParametriDrevesa& p = a.pdPrepared;
+        arbo::Pogled& v = a.pogled;
+        v.cas = 0.3 * primer;
+        switch (primer) {
+        case 1:
+            v.highQualityRendering = true;
+            break;
+        case 2:
+            v.animateWindSway = true;
+            break;
+        case 3:
+            v.animateWindSway = true;
+            v.animateGrow = true;
+            v.starostDrevesa = 0.7;
+            break;
+        default: // 4 ... 9: bending towards the ground, every leaf type
+            p.gravimorphismImpactG.tocke = {{0, 0.6}, {1, 0.35}};
+            p.gravimorphismImpactW.tocke = {{0, 0.5}, {1, 0.9}};
+            p.tipListov = (primer - 4) % 5;
+            p.gostotaListov = primer == 9 ? 3 : 4 + primer % 2;
+            p.stVsehZil = 300;
+            p.recalculateRelativeParams();
+            v.animateWindSway = primer % 2 == 1;
+            v.highQualityRendering = primer == 8;
+            break;
+        }
+        const arbo::Pogled prej = v;
+        const std::string dobljeno = izvozi(a, QString("neodvisno%1.crs").arg(primer));
+        QVERIFY(!dobljeno.empty());
+
+        // The frame's strand count, height and wind phase from the animation rules.
+        int stZil = p.stVsehZil;
+        double visina = p.dolzinaDebla;
+        if (prej.animateGrow) {
+            const double r = prej.starostDrevesa > 1.0 ? 0.0 : prej.starostDrevesa;
+            visina = (r + prej.korak) * p.dolzinaDebla;
+            stZil = int(std::pow(std::sqrt(double(p.stVsehZil)) * r, 2));
+        }
+        NeodvisnaRast r(p);
+        r.cas = prej.cas + 2 * M_PI / 100;
+        r.veter = prej.animateWindSway;
+        r.stTock = prej.highQualityRendering ? 16 : 4;
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        const std::string pricakovano = r.rasti(stZil, visina);
+        QCOMPARE(a.pogled.cas, r.cas);
+        if (dobljeno != pricakovano) {
+            const auto c = razcleni(dobljeno), e = razcleni(pricakovano);
+            QCOMPARE(c.size(), e.size());
+            for (size_t i = 0; i < c.size(); ++i) {
+                QCOMPARE(c[i].tip, e[i].tip);
+                QCOMPARE(c[i].id, e[i].id);
+                for (size_t k = 0; k < c[i].vrstice.size(); ++k)
+                    QCOMPARE(QString::fromStdString(c[i].vrstice[k]),
+                             QString::fromStdString(e[i].vrstice[k]));
+            }
+        }
+        QVERIFY(dobljeno == pricakovano);
+    }
+
     void leavesHiddenAndStrandCounts() {
         Arbo a;
         a.createKvadraticnePloskve();
@@ -271,6 +342,11 @@ private slots:
         a.pdPrepared.listi = true;
         a.pdPrepared.stVsehZil = 0;
         QVERIFY(razcleni(izvozi(a, "nic.crs")).empty());
+        a.pdPrepared.stVsehZil = -4; // negative: nothing grows, also while growing
+        a.pogled.animateGrow = true;
+        a.pogled.starostDrevesa = 0.5;
+        QVERIFY(razcleni(izvozi(a, "negativno.crs")).empty());
+        a.pogled.animateGrow = false;
         a.pdPrepared.stVsehZil = 1; // one segment ending in leaves
         auto z = razcleni(izvozi(a, "ena.crs"));
         QCOMPARE(int(z.size()), 1 + a.pdPrepared.gostotaListov);
