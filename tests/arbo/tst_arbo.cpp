@@ -4,6 +4,7 @@
 
 #include <QtTest>
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <sstream>
@@ -354,6 +355,35 @@ private slots:
         z = razcleni(izvozi(a, "dve.crs"));
         QCOMPARE(int(z.size()), 3 + 2 * a.pdPrepared.gostotaListov);
         QCOMPARE(z[1].id, 1);
+    }
+
+    // Every split keeps all strands but one in the trunk: with 100000 strands
+    // the trunk runs 2501 segments deep (the first 50 drawn) before it ends in
+    // leaves; one-strand
+    // side branches start at every depth and are cut at depth 49.
+    void extremeStrandCountsStayInBounds() {
+        for (int stZil : {1, 2, 3, 100000}) {
+            Arbo a;
+            a.createKvadraticnePloskve();
+            ParametriDrevesa& p = a.pdPrepared;
+            p.stVsehZil = stZil;
+            p.verjetnostiVejitveG.tocke = {{0, 1}, {1, 1}};
+            p.verjetnostiVejitveW.tocke = {{0, 1}, {1, 1}};
+            p.recalculateRelativeParams();
+            a.pogled.animateWindSway = true;
+            const auto z = razcleni(izvozi(a, "skrajno.crs"));
+            Izpeljava iz{a.pd};
+            iz.rasti(stZil, 0, 0, 0, -1);
+            QCOMPARE(z.size(), iz.zapisi.size());
+            for (size_t i = 0; i < z.size(); ++i)
+                QCOMPARE(z[i].id, iz.zapisi[i].id);
+            const int trunk =
+                int(std::count_if(z.begin(), z.end(), [](const Zapis& r) { return r.id == 0; }));
+            // Trunk segments drawn: min(S, 50); its five leaves either at its
+            // last strand or at depth 2501.
+            const int pricakovano = std::min(stZil, 50) + 5;
+            QCOMPARE(trunk, pricakovano);
+        }
     }
 
     void levelOfDetailCutsTheTree() {
