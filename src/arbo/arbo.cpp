@@ -101,7 +101,8 @@ void Arbo::upodobiPrikaz() {
         pogled.starostDrevesa = r + pogled.korak;
         aktivnaVisina = (r + pogled.korak) * pd.dolzinaDebla;
         const double k = std::sqrt(double(pd.stVsehZil)) * r;
-        stZil = int(k * k);
+        // A negative strand count has no square root: nothing grows.
+        stZil = pd.stVsehZil > 0 ? int(k * k) : 0;
     }
     if (pogled.animateOrbitAround)
         pogled.orbit += 5.37;
@@ -301,9 +302,11 @@ void Arbo::aplicirajWindSway(int stZil, double visinaVeje, const Matrika& m, dou
     const int r1 = rand();
     const int r2 = rand();
     const double trdnostVeje = 1.02 - std::pow(double(stZil) / pd.stVsehZil, 0.25);
-    const double amplituda = pi * trdnostVeje * visinaVeje * pd.windSpeedNodirect;
-    const double swayX = std::sin(2 * pi * r1 / 2147483647 + pogled.cas) * amplituda;
-    const double swayZ = std::sin(2 * pi * r2 / 2147483647 + pogled.cas) * amplituda;
+    // Multiplied left to right, the sine first.
+    const double swayX = std::sin(2 * pi * r1 / 2147483647 + pogled.cas) * pi * trdnostVeje *
+                         visinaVeje * pd.windSpeedNodirect;
+    const double swayZ = std::sin(2 * pi * r2 / 2147483647 + pogled.cas) * pi * trdnostVeje *
+                         visinaVeje * pd.windSpeedNodirect;
     sklad().rotate(float(swayX), 1, 0, 0);
     sklad().rotate(float(swayZ), 0, 0, 1);
     sklad().rotate(float(kot), windVektor.x, windVektor.y, windVektor.z);

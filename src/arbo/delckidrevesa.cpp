@@ -241,11 +241,15 @@ void DelckiDrevesa::narisiListe(int tipListov, double velikost, double globinaVe
     case 2: { // Staggered: an odd leaf sits on the tip
         int m = n;
         if (n % 2 == 1) {
-            sklad.push();
+            // The turn to the tip is undone by the opposite turn and shift, not
+            // by a pop: the stepped leaves start from the frame that leaves.
             sklad.translate(0, fv, 0);
             sklad.rotate(180, 0, 0, 1);
+            sklad.push();
             list(fv, idVeje);
             sklad.pop();
+            sklad.rotate(-180, 0, 0, 1);
+            sklad.translate(0, -fv, 0);
             m = n - 1;
         }
         if (m > 0)

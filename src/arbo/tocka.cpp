@@ -16,18 +16,23 @@ Tocka Tocka::operator*(const float& skalar) const {
     return Tocka(float(double(x) * skalar), float(double(y) * skalar), float(double(z) * skalar));
 }
 
+// Sums of products are carried in extended precision (long double) and only
+// the result is rounded: a sum of three products keeps bits that a double
+// running sum would drop.
 Tocka Tocka::vektorskiProd(const Tocka& a, const Tocka& b) {
-    return Tocka(float(double(a.y) * b.z - double(a.z) * b.y),
-                 float(double(a.z) * b.x - double(a.x) * b.z),
-                 float(double(a.x) * b.y - double(a.y) * b.x));
+    using E = long double;
+    return Tocka(float(E(a.y) * b.z - E(a.z) * b.y), float(E(a.z) * b.x - E(a.x) * b.z),
+                 float(E(a.x) * b.y - E(a.y) * b.x));
 }
 
 double Tocka::skalarniProdukt(const Tocka& b) const {
-    return double(x) * b.x + double(y) * b.y + double(z) * b.z;
+    using E = long double;
+    return double(E(x) * b.x + E(y) * b.y + E(z) * b.z);
 }
 
 double Tocka::dolzina() const {
-    return std::sqrt(double(x) * x + double(y) * y + double(z) * z);
+    using E = long double;
+    return double(std::sqrt(E(x) * x + E(y) * y + E(z) * z));
 }
 
 void Tocka::normalize() {

@@ -2,7 +2,8 @@
 
 namespace arbo {
 
-// A 3-D point or vector. Arithmetic runs in double and is stored back as float.
+// A 3-D point or vector. Arithmetic runs in extended precision and is stored
+// back as float.
 class Tocka {
 public:
     float x, y, z;

@@ -1,8 +1,10 @@
 #include "arbo/arbo.h"
 #include "arbo/glokolje.h"
+#include "arbo/neodvisnarast.h"
 
 #include <QtTest>
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <sstream>
@@ -119,6 +121,24 @@ class TestArbo : public QObject {
                              QString::fromStdString(r[i].vrstice[k]));
         }
         QVERIFY(cpu == ref);
+    }
+
+    // The four corners of a leaf of size s in OpenGL's current frame, as the
+    // geometry file writes them: R_y(0, 90, 180, 270) (s, 0, 0).
+    static std::vector<std::string> kotiListaGl(float s) {
+        std::vector<std::string> vrstice;
+        for (int k = 0; k < 4; ++k) {
+            glPushMatrix();
+            glRotated(90.0 * k, 0, 1, 0);
+            glTranslated(s, 0, 0);
+            GLfloat m[16];
+            glGetFloatv(GL_MODELVIEW_MATRIX, m);
+            glPopMatrix();
+            std::ostringstream o;
+            o << m[12] << ' ' << m[13] << ' ' << m[14];
+            vrstice.push_back(o.str());
+        }
+        return vrstice;
     }
 
 private slots:
@@ -244,6 +264,76 @@ private slots:
         primerjajPoti(a, QString("pot%1").arg(primer));
     }
 
+    // Whole frames against the independent grower, byte for byte.
+    void framesMatchAnIndependentGrower_data() {
+        QTest::addColumn<int>("primer");
+        for (int i = 0; i < 10; ++i)
+            QTest::newRow(qPrintable(QString::number(i))) << i;
+    }
+    void framesMatchAnIndependentGrower() {
+        QFETCH(int, primer);
+        Arbo a;
+        a.createKvadraticnePloskve();
+        ParametriDrevesa& p = a.pdPrepared;
+        arbo::Pogled& v = a.pogled;
+        v.cas = 0.3 * primer;
+        switch (primer) {
+        case 1:
+            v.highQualityRendering = true;
+            break;
+        case 2:
+            v.animateWindSway = true;
+            break;
+        case 3:
+            v.animateWindSway = true;
+            v.animateGrow = true;
+            v.starostDrevesa = 0.7;
+            break;
+        default: // 4 ... 9: bending towards the ground, every leaf type
+            p.gravimorphismImpactG.tocke = {{0, 0.6}, {1, 0.35}};
+            p.gravimorphismImpactW.tocke = {{0, 0.5}, {1, 0.9}};
+            p.tipListov = (primer - 4) % 5;
+            p.gostotaListov = primer == 9 ? 3 : 4 + primer % 2;
+            p.stVsehZil = 300;
+            p.recalculateRelativeParams();
+            v.animateWindSway = primer % 2 == 1;
+            v.highQualityRendering = primer == 8;
+            break;
+        }
+        const arbo::Pogled prej = v;
+        const std::string dobljeno = izvozi(a, QString("neodvisno%1.crs").arg(primer));
+        QVERIFY(!dobljeno.empty());
+
+        // The frame's strand count, height and wind phase from the animation rules.
+        int stZil = p.stVsehZil;
+        double visina = p.dolzinaDebla;
+        if (prej.animateGrow) {
+            const double r = prej.starostDrevesa > 1.0 ? 0.0 : prej.starostDrevesa;
+            visina = (r + prej.korak) * p.dolzinaDebla;
+            stZil = int(std::pow(std::sqrt(double(p.stVsehZil)) * r, 2));
+        }
+        NeodvisnaRast r(p);
+        r.cas = prej.cas + 2 * M_PI / 100;
+        r.veter = prej.animateWindSway;
+        r.stTock = prej.highQualityRendering ? 16 : 4;
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        const std::string pricakovano = r.rasti(stZil, visina);
+        QCOMPARE(a.pogled.cas, r.cas);
+        if (dobljeno != pricakovano) {
+            const auto c = razcleni(dobljeno), e = razcleni(pricakovano);
+            QCOMPARE(c.size(), e.size());
+            for (size_t i = 0; i < c.size(); ++i) {
+                QCOMPARE(c[i].tip, e[i].tip);
+                QCOMPARE(c[i].id, e[i].id);
+                for (size_t k = 0; k < c[i].vrstice.size(); ++k)
+                    QCOMPARE(QString::fromStdString(c[i].vrstice[k]),
+                             QString::fromStdString(e[i].vrstice[k]));
+            }
+        }
+        QVERIFY(dobljeno == pricakovano);
+    }
+
     void leavesHiddenAndStrandCounts() {
         Arbo a;
         a.createKvadraticnePloskve();
@@ -253,6 +343,11 @@ private slots:
         a.pdPrepared.listi = true;
         a.pdPrepared.stVsehZil = 0;
         QVERIFY(razcleni(izvozi(a, "nic.crs")).empty());
+        a.pdPrepared.stVsehZil = -4; // negative: nothing grows, also while growing
+        a.pogled.animateGrow = true;
+        a.pogled.starostDrevesa = 0.5;
+        QVERIFY(razcleni(izvozi(a, "negativno.crs")).empty());
+        a.pogled.animateGrow = false;
         a.pdPrepared.stVsehZil = 1; // one segment ending in leaves
         auto z = razcleni(izvozi(a, "ena.crs"));
         QCOMPARE(int(z.size()), 1 + a.pdPrepared.gostotaListov);
@@ -260,6 +355,35 @@ private slots:
         z = razcleni(izvozi(a, "dve.crs"));
         QCOMPARE(int(z.size()), 3 + 2 * a.pdPrepared.gostotaListov);
         QCOMPARE(z[1].id, 1);
+    }
+
+    // Every split keeps all strands but one in the trunk: with 100000 strands
+    // the trunk runs 2501 segments deep (the first 50 drawn) before it ends in
+    // leaves; one-strand
+    // side branches start at every depth and are cut at depth 49.
+    void extremeStrandCountsStayInBounds() {
+        for (int stZil : {1, 2, 3, 100000}) {
+            Arbo a;
+            a.createKvadraticnePloskve();
+            ParametriDrevesa& p = a.pdPrepared;
+            p.stVsehZil = stZil;
+            p.verjetnostiVejitveG.tocke = {{0, 1}, {1, 1}};
+            p.verjetnostiVejitveW.tocke = {{0, 1}, {1, 1}};
+            p.recalculateRelativeParams();
+            a.pogled.animateWindSway = true;
+            const auto z = razcleni(izvozi(a, "skrajno.crs"));
+            Izpeljava iz{a.pd};
+            iz.rasti(stZil, 0, 0, 0, -1);
+            QCOMPARE(z.size(), iz.zapisi.size());
+            for (size_t i = 0; i < z.size(); ++i)
+                QCOMPARE(z[i].id, iz.zapisi[i].id);
+            const int trunk =
+                int(std::count_if(z.begin(), z.end(), [](const Zapis& r) { return r.id == 0; }));
+            // Trunk segments drawn: min(S, 50); its five leaves either at its
+            // last strand or at depth 2501.
+            const int pricakovano = std::min(stZil, 50) + 5;
+            QCOMPARE(trunk, pricakovano);
+        }
     }
 
     void levelOfDetailCutsTheTree() {
@@ -298,6 +422,60 @@ private slots:
             return y;
         };
         QVERIFY(std::fabs(sredina(z[2]) - sredina(z[3]) - 2.5) < 1e-4);
+    }
+
+    // Two strands split into two one-strand twigs, each ending in three
+    // staggered leaves; the leaf corners are re-derived with OpenGL's own stack
+    // from the growing and drawing rules. The tip leaf's turn is taken back by
+    // the opposite turn and shift, so the stepped leaves inherit what is left
+    // of it.
+    void staggeredLeavesFollowTheTipLeafTurnBack() {
+        Arbo a;
+        a.createKvadraticnePloskve();
+        a.pdPrepared.stVsehZil = 2;
+        a.pdPrepared.gostotaListov = 3;
+        a.pdPrepared.tipListov = 2;
+        a.pdPrepared.listSize = 0.37f;
+        const auto z = razcleni(izvozi(a, "zamaknjeni.crs"));
+        QCOMPARE(int(z.size()), 9);
+        // B 0, B 1, three L 1, B 0 (continuation), three L 0.
+        const float v = 0.37f;
+        auto listi = [&](double vejica, size_t prvi) {
+            glTranslated(0, vejica, 0);
+            glTranslatef(0, v, 0); // the tip leaf
+            glRotatef(180, 0, 0, 1);
+            QCOMPARE(z[prvi].vrstice, kotiListaGl(v));
+            glRotatef(-180, 0, 0, 1);
+            glTranslatef(0, -v, 0);
+            glTranslatef(0, 0, v); // two stepped leaves, vejica / 2 apart
+            glPushMatrix();
+            glTranslatef(0, 0, -v);
+            glTranslatef(0, 0, v);
+            QCOMPARE(z[prvi + 1].vrstice, kotiListaGl(v));
+            glPopMatrix();
+            glTranslated(0, -vejica / 2, 0);
+            glPushMatrix();
+            glTranslatef(0, 0, -v);
+            glRotated(197.0, 0, 1, 0);
+            glTranslatef(0, 0, v);
+            glRotated(0.5 * 0.5 * 30.0, 1, 0, 0);
+            QCOMPARE(z[prvi + 2].vrstice, kotiListaGl(v));
+            glPopMatrix();
+        };
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        glRotated(85.0, 0, 1, 0); // trunk: 2 strands split 1 + 1, 45 degrees shared
+        glTranslated(0, 5.0, 0);
+        glRotated(0.3 * 22.5, 0, 0, 1);
+        glPushMatrix();
+        glTranslated(-0.5 * (std::sqrt(1.0) * 0.01f - 0.01f * std::sqrt(1.0)), 0, 0);
+        glRotated(22.5, 0, 0, 1);
+        glRotated(85.0, 0, 1, 0); // the side twig: length 1
+        listi(1.0, 2);
+        glPopMatrix();
+        glRotated(-22.5, 0, 0, 1);
+        glRotated(85.0, 0, 1, 0); // the continuation: length 1
+        listi(1.0, 6);
     }
 };
 

@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+#include <cmath>
+
 using arbo::Tocka;
 
 class TestTocka : public QObject {
@@ -48,6 +50,13 @@ private slots:
         const Tocka c = Tocka::vektorskiProd(a, b);
         const double exact = double(a.x) * b.y - double(a.y) * b.x;
         QCOMPARE(c.z, float(exact));
+    }
+    void dotProductRoundsOnceAtTheEnd() {
+        // 1 + 3*2^-55 + 3*2^-55 = 1 + 0.75 * 2^-52: one rounding gives 1 + 2^-52,
+        // a double running sum drops each small term and gives 1.
+        const float e = std::ldexp(3.0f, -55);
+        const Tocka a(1, 1, 1), b(1, e, e);
+        QCOMPARE(a.skalarniProdukt(b), 1.0 + std::ldexp(1.0, -52));
     }
     void presekCopiesValidVertices() {
         arbo::Presek p;
