@@ -11,8 +11,10 @@ namespace ecosystem {
 using simulationEntities::CRastlina;
 using simulationEntities::CVrstaRastlin;
 
-void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int polSirina) {
+void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int polSirina,
+                            int stTockX) {
     this->polSirina = polSirina;
+    this->stTockX = stTockX;
     int stRastlin = 0;
     najvecjiRadij = 0;
     minX = minZ = INFINITY;
@@ -31,26 +33,39 @@ void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int pol
         minX = maxX = minZ = maxZ = 0;
     dolociPredale(stRastlin);
 
-    zacetki.assign(size_t(stPredalovX) * stPredalovZ + 1, 0);
+    predali.assign(size_t(stPredalovX) * stPredalovZ + 1, {0, -INFINITY});
     for (CVrstaRastlin& vrsta : rastlinskeVrste)
         for (const CRastlina& r : vrsta.ziviPrimerkiTeVrste)
-            ++zacetki[predal(r) + 1];
-    for (size_t i = 1; i < zacetki.size(); ++i)
-        zacetki[i] += zacetki[i - 1];
+            ++predali[predal(r) + 1].zacetek;
+    for (size_t i = 1; i < predali.size(); ++i)
+        predali[i].zacetek += predali[i - 1].zacetek;
 
     zapisi.resize(stRastlin);
-    std::vector<int> naslednji(zacetki.begin(), zacetki.end() - 1);
+    naslednji.resize(predali.size() - 1);
+    for (size_t i = 0; i + 1 < predali.size(); ++i)
+        naslednji[i] = predali[i].zacetek;
     for (CVrstaRastlin& vrsta : rastlinskeVrste) {
         for (CRastlina& r : vrsta.ziviPrimerkiTeVrste) {
-            zapisi[naslednji[predal(r)]++] = {r.pozicija3D.x,
-                                              r.pozicija3D.z,
-                                              r.trenutniRadij,
-                                              r.trenutnaMoc * vrsta.vplivMoci,
-                                              r.pozicijaMap2D.x,
-                                              r.pozicijaMap2D.y,
-                                              &r};
+            const int p = predal(r);
+            const float moc = r.trenutnaMoc * vrsta.vplivMoci;
+            zapisi[naslednji[p]++] = {r.pozicija3D.x,
+                                      r.pozicija3D.y,
+                                      r.pozicija3D.z,
+                                      r.trenutniRadij,
+                                      moc,
+                                      r.pozicijaMap2D.y * stTockX + r.pozicijaMap2D.x,
+                                      &r};
+            predali[p].maxMoc = std::max(predali[p].maxMoc, moc);
         }
     }
+    razvrstiPoMoci();
+}
+
+// Within a bucket the strongest come first, so a scan stops at the first weaker one.
+void CDominanceGrid::razvrstiPoMoci() {
+    for (size_t p = 0; p + 1 < predali.size(); ++p)
+        std::sort(zapisi.begin() + predali[p].zacetek, zapisi.begin() + predali[p + 1].zacetek,
+                  [](const Zapis& a, const Zapis& b) { return a.moc > b.moc; });
 }
 
 // Buckets about one largest crown radius wide, so a query looks at a few
@@ -58,7 +73,7 @@ void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int pol
 void CDominanceGrid::dolociPredale(int stRastlin) {
     const double sirina = maxX - minX;
     const double globina = maxZ - minZ;
-    const double najvecPredalov = std::max(4.0 * stRastlin, 4096.0);
+    const double najvecPredalov = std::max(2.0 * stRastlin, 4096.0);
     velikostPredala = std::max(double(najvecjiRadij), 0.5);
     while ((sirina / velikostPredala + 1) * (globina / velikostPredala + 1) > najvecPredalov)
         velikostPredala *= 1.5;
@@ -82,12 +97,26 @@ int CDominanceGrid::predal(const CRastlina& rastlina) const {
 
 void CDominanceGrid::odstrani(const CRastlina& rastlina) {
     const int p = predal(rastlina);
-    for (int i = zacetki[p]; i < zacetki[p + 1]; ++i) {
+    for (int i = predali[p].zacetek; i < predali[p + 1].zacetek; ++i) {
         if (zapisi[i].rastlina == &rastlina) {
             zapisi[i].rastlina = nullptr;
             return;
         }
     }
+}
+
+bool CDominanceGrid::vCelicahIskanja(int celica, int celicaX, int celicaY) const {
+    return std::abs(celica % stTockX - celicaX) <= polSirina &&
+           std::abs(celica / stTockX - celicaY) <= polSirina;
+}
+
+// Exactly CRastlina::presekaRadijRastline, on the copied position and radius.
+bool CDominanceGrid::sePrekrivata(const CRastlina& rastlina, const Zapis& sosed) {
+    const double dx = double(rastlina.pozicija3D.x) - double(sosed.x);
+    const double dy = double(rastlina.pozicija3D.y) - double(sosed.y);
+    const double dz = double(rastlina.pozicija3D.z) - double(sosed.z);
+    const float razdalja = static_cast<float>(std::sqrt(dx * dx + dy * dy + dz * dz));
+    return rastlina.trenutniRadij + sosed.radij > razdalja;
 }
 
 bool CDominanceGrid::imaDominantnegaSoseda(CRastlina& rastlina) const {
@@ -96,30 +125,29 @@ bool CDominanceGrid::imaDominantnegaSoseda(CRastlina& rastlina) const {
     const float moc = rastlina.trenutnaMoc * rastlina.vrstaRastline->vplivMoci;
     // Crowns farther apart on the ground than the two radii (with a margin far
     // above float rounding) cannot overlap, whatever the heights.
-    const double doseg = (double(rastlina.trenutniRadij) + najvecjiRadij) * (1.0 + 1e-5) + 1e-3;
+    const double rob = 1.0 + 1e-5;
+    const double doseg = (double(rastlina.trenutniRadij) + najvecjiRadij) * rob + 1e-3;
     const double x = rastlina.pozicija3D.x;
     const double z = rastlina.pozicija3D.z;
     const int x0 = predalX(x - doseg), x1 = predalX(x + doseg);
     const int z0 = predalZ(z - doseg), z1 = predalZ(z + doseg);
-    const int celicaX = rastlina.pozicijaMap2D.x;
-    const int celicaY = rastlina.pozicijaMap2D.y;
     for (int pz = z0; pz <= z1; ++pz) {
-        for (int px = x0; px <= x1; ++px) {
-            const int p = pz * stPredalovX + px;
-            for (int i = zacetki[p]; i < zacetki[p + 1]; ++i) {
+        for (int p = pz * stPredalovX + x0; p <= pz * stPredalovX + x1; ++p) {
+            if (!(predali[p].maxMoc >= moc))
+                continue;
+            for (int i = predali[p].zacetek; i < predali[p + 1].zacetek; ++i) {
                 const Zapis& s = zapisi[i];
-                if (s.rastlina == nullptr || s.rastlina == &rastlina || !(s.moc >= moc))
-                    continue;
-                if (std::abs(s.celicaX - celicaX) > polSirina ||
-                    std::abs(s.celicaY - celicaY) > polSirina)
+                if (!(s.moc >= moc))
+                    break; // the rest of the bucket is weaker
+                if (s.rastlina == nullptr || s.rastlina == &rastlina)
                     continue;
                 const double dx = double(s.x) - x;
                 const double dz = double(s.z) - z;
-                const double vsota =
-                    (double(rastlina.trenutniRadij) + s.radij) * (1.0 + 1e-5) + 1e-3;
+                const double vsota = (double(rastlina.trenutniRadij) + s.radij) * rob + 1e-3;
                 if (dx * dx + dz * dz > vsota * vsota)
                     continue;
-                if (rastlina.presekaRadijRastline(*s.rastlina))
+                if (sePrekrivata(rastlina, s) &&
+                    vCelicahIskanja(s.celica, rastlina.pozicijaMap2D.x, rastlina.pozicijaMap2D.y))
                     return true;
             }
         }

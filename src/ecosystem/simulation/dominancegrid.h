@@ -16,31 +16,41 @@ namespace ecosystem {
 // crowns to touch. Dead plants are taken out as the kill phase goes on.
 class CDominanceGrid {
 public:
-    void zgradi(std::vector<simulationEntities::CVrstaRastlin>& rastlinskeVrste, int polSirina);
+    void zgradi(std::vector<simulationEntities::CVrstaRastlin>& rastlinskeVrste, int polSirina,
+                int stTockX);
     void odstrani(const simulationEntities::CRastlina& rastlina);
     bool imaDominantnegaSoseda(simulationEntities::CRastlina& rastlina) const;
 
 private:
     struct Zapis {
-        float x, z;
+        float x, y, z; // copies of pozicija3D, so the overlap test needs no plant
         float radij;
-        float moc; // strength weighted by the species' vplivMoci
-        int celicaX, celicaY;
+        float moc;                               // strength weighted by the species' vplivMoci
+        int celica;                              // y * stTockX + x of pozicijaMap2D
         simulationEntities::CRastlina* rastlina; // null once the plant died
+    };
+    struct Predal {
+        int zacetek;  // first record; the next bucket's zacetek ends it
+        float maxMoc; // no record of the bucket is stronger
     };
 
     int predalX(double x) const;
     int predalZ(double z) const;
     int predal(const simulationEntities::CRastlina& rastlina) const;
     void dolociPredale(int stRastlin);
+    void razvrstiPoMoci();
+    bool vCelicahIskanja(int celica, int celicaX, int celicaY) const;
+    static bool sePrekrivata(const simulationEntities::CRastlina& rastlina, const Zapis& sosed);
 
-    std::vector<Zapis> zapisi; // grouped by bucket
-    std::vector<int> zacetki;  // first record of each bucket, one extra at the end
+    std::vector<Zapis> zapisi;   // grouped by bucket, strongest first
+    std::vector<Predal> predali; // one extra at the end
+    std::vector<int> naslednji;  // fill cursor per bucket while building
     double minX = 0, minZ = 0, maxX = 0, maxZ = 0;
     double velikostPredala = 1;
     int stPredalovX = 0, stPredalovZ = 0;
     float najvecjiRadij = 0;
     int polSirina = 0; // half-width of the search square, in cells
+    int stTockX = 1;
 };
 
 } // namespace ecosystem

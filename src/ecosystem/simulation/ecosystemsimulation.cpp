@@ -26,10 +26,6 @@ CEcosystemSimulation* CEcosystemSimulation::myStaticPtr = nullptr;
 int CEcosystemSimulation::casPobijanjaDominiranihRastlin = 0;
 
 namespace {
-// Nanoseconds spent in the kill decisions of the current step; reported in
-// whole milliseconds (timing each call in whole milliseconds would sum to ~0).
-qint64 nsPobijanjaDominiranihRastlin = 0;
-
 QString tr(const char* text) {
     return QCoreApplication::translate("CEcosystemSimulation", text);
 }
@@ -64,7 +60,7 @@ void CEcosystemSimulation::setTerrainData(data::CTerrainData& terrainData) {
 
 void CEcosystemSimulation::izprazniIndeksCelic() {
     for (int i = 0; i < steviloCelic(); ++i)
-        std::vector<CRastlina*>().swap(rastlinePoTerenu[i]);
+        rastlinePoTerenu[i].clear();
 }
 
 void CEcosystemSimulation::napolniIndeksCelic() {
@@ -144,7 +140,6 @@ void CEcosystemSimulation::simulateNextStep() {
     zagotoviInicializiranostSimulacije();
     simulationStepNr += 1;
     casPobijanjaDominiranihRastlin = 0;
-    nsPobijanjaDominiranihRastlin = 0;
     const int casOstalo = elapsedAndRestart();
     dodajRastlineVrstam();
     const int casDodajal = elapsedAndRestart();
@@ -209,16 +204,28 @@ float CEcosystemSimulation::izracunajUgodnostPogojev(CRastlina&) {
 }
 
 void CEcosystemSimulation::pobijRastline() {
-    dominanceGrid.zgradi(rastlinskeVrste, CVrstaRastlin::maxStKvadratovNajdemRadijSoseda);
+    dominanceGrid.zgradi(rastlinskeVrste, CVrstaRastlin::maxStKvadratovNajdemRadijSoseda,
+                         terrainData->stTockX);
     lifeFactors.dominanceGrid = &dominanceGrid;
+    QElapsedTimer odlocanje;
+    odlocanje.start();
     for (CVrstaRastlin& vrsta : rastlinskeVrste)
         vrsta.ziviPrimerkiTeVrste.remove_if(&CEcosystemSimulation::umreSedaj);
+    casPobijanjaDominiranihRastlin = static_cast<int>(odlocanje.elapsed());
     lifeFactors.dominanceGrid = nullptr;
+    // Keep each species' plants packed in memory; the cell index follows them.
+    bool premaknjene = false;
+    for (CVrstaRastlin& vrsta : rastlinskeVrste)
+        premaknjene = vrsta.zgostiRastline() || premaknjene;
+    if (premaknjene) {
+        izprazniIndeksCelic();
+        napolniIndeksCelic();
+    }
 }
 
+// The time of these decisions is taken around the whole pass (pobijRastline):
+// a clock read per plant would cost more than many of the decisions.
 bool CEcosystemSimulation::umreSedaj(CRastlina& rastlina) {
-    QElapsedTimer lokalniCas;
-    lokalniCas.start();
     CEcosystemSimulation& simulacija = *myStaticPtr;
     const bool umre = simulacija.lifeFactors.umreSedaj(rastlina);
     if (umre) {
@@ -231,8 +238,6 @@ bool CEcosystemSimulation::umreSedaj(CRastlina& rastlina) {
         if (simulacija.lifeFactors.dominanceGrid)
             simulacija.dominanceGrid.odstrani(rastlina);
     }
-    nsPobijanjaDominiranihRastlin += lokalniCas.nsecsElapsed();
-    casPobijanjaDominiranihRastlin = static_cast<int>(nsPobijanjaDominiranihRastlin / 1000000);
     return umre;
 }
 
