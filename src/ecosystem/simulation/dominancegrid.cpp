@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <tuple>
+#include <utility>
 
 namespace ecosystem {
 
@@ -41,6 +43,7 @@ void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int pol
         predali[i].zacetek += predali[i - 1].zacetek;
 
     zapisi.resize(stRastlin);
+    podrobnosti.resize(stRastlin);
     naslednji.resize(predali.size() - 1);
     for (size_t i = 0; i + 1 < predali.size(); ++i)
         naslednji[i] = predali[i].zacetek;
@@ -48,13 +51,9 @@ void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int pol
         for (CRastlina& r : vrsta.ziviPrimerkiTeVrste) {
             const int p = predal(r);
             const float moc = r.trenutnaMoc * vrsta.vplivMoci;
-            zapisi[naslednji[p]++] = {r.pozicija3D.x,
-                                      r.pozicija3D.y,
-                                      r.pozicija3D.z,
-                                      r.trenutniRadij,
-                                      moc,
-                                      r.pozicijaMap2D.y * stTockX + r.pozicijaMap2D.x,
-                                      &r};
+            const int i = naslednji[p]++;
+            zapisi[i] = {r.pozicija3D.x, r.pozicija3D.z, r.trenutniRadij, moc, &r};
+            podrobnosti[i] = {r.pozicija3D.y, r.pozicijaMap2D.y * stTockX + r.pozicijaMap2D.x};
             predali[p].maxMoc = std::max(predali[p].maxMoc, moc);
         }
     }
@@ -63,9 +62,20 @@ void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int pol
 
 // Within a bucket the strongest come first, so a scan stops at the first weaker one.
 void CDominanceGrid::razvrstiPoMoci() {
-    for (size_t p = 0; p + 1 < predali.size(); ++p)
-        std::sort(zapisi.begin() + predali[p].zacetek, zapisi.begin() + predali[p + 1].zacetek,
-                  [](const Zapis& a, const Zapis& b) { return a.moc > b.moc; });
+    std::vector<std::pair<Zapis, Podrobnosti>> predal;
+    for (size_t p = 0; p + 1 < predali.size(); ++p) {
+        const int zacetek = predali[p].zacetek;
+        const int konec = predali[p + 1].zacetek;
+        if (konec - zacetek < 2)
+            continue;
+        predal.clear();
+        for (int i = zacetek; i < konec; ++i)
+            predal.emplace_back(zapisi[i], podrobnosti[i]);
+        std::sort(predal.begin(), predal.end(),
+                  [](const auto& a, const auto& b) { return a.first.moc > b.first.moc; });
+        for (int i = zacetek; i < konec; ++i)
+            std::tie(zapisi[i], podrobnosti[i]) = predal[i - zacetek];
+    }
 }
 
 // Buckets about one largest crown radius wide, so a query looks at a few
@@ -73,7 +83,7 @@ void CDominanceGrid::razvrstiPoMoci() {
 void CDominanceGrid::dolociPredale(int stRastlin) {
     const double sirina = maxX - minX;
     const double globina = maxZ - minZ;
-    const double najvecPredalov = std::max(2.0 * stRastlin, 4096.0);
+    const double najvecPredalov = std::max(1.0 * stRastlin, 4096.0);
     velikostPredala = std::max(double(najvecjiRadij), 0.5);
     while ((sirina / velikostPredala + 1) * (globina / velikostPredala + 1) > najvecPredalov)
         velikostPredala *= 1.5;
@@ -99,7 +109,7 @@ void CDominanceGrid::odstrani(const CRastlina& rastlina) {
     const int p = predal(rastlina);
     for (int i = predali[p].zacetek; i < predali[p + 1].zacetek; ++i) {
         if (zapisi[i].rastlina == &rastlina) {
-            zapisi[i].rastlina = nullptr;
+            zapisi[i].moc = -INFINITY; // weaker than any plant: never dominates again
             return;
         }
     }
@@ -111,9 +121,10 @@ bool CDominanceGrid::vCelicahIskanja(int celica, int celicaX, int celicaY) const
 }
 
 // Exactly CRastlina::presekaRadijRastline, on the copied position and radius.
-bool CDominanceGrid::sePrekrivata(const CRastlina& rastlina, const Zapis& sosed) {
+bool CDominanceGrid::sePrekrivata(const CRastlina& rastlina, const Zapis& sosed,
+                                  const Podrobnosti& podrobnosti) {
     const double dx = double(rastlina.pozicija3D.x) - double(sosed.x);
-    const double dy = double(rastlina.pozicija3D.y) - double(sosed.y);
+    const double dy = double(rastlina.pozicija3D.y) - double(podrobnosti.y);
     const double dz = double(rastlina.pozicija3D.z) - double(sosed.z);
     const float razdalja = static_cast<float>(std::sqrt(dx * dx + dy * dy + dz * dz));
     return rastlina.trenutniRadij + sosed.radij > razdalja;
@@ -137,17 +148,18 @@ bool CDominanceGrid::imaDominantnegaSoseda(CRastlina& rastlina) const {
                 continue;
             for (int i = predali[p].zacetek; i < predali[p + 1].zacetek; ++i) {
                 const Zapis& s = zapisi[i];
+                if (s.moc == -INFINITY || s.rastlina == &rastlina)
+                    continue; // died in this kill phase, or the plant itself
                 if (!(s.moc >= moc))
                     break; // the rest of the bucket is weaker
-                if (s.rastlina == nullptr || s.rastlina == &rastlina)
-                    continue;
                 const double dx = double(s.x) - x;
                 const double dz = double(s.z) - z;
                 const double vsota = (double(rastlina.trenutniRadij) + s.radij) * rob + 1e-3;
                 if (dx * dx + dz * dz > vsota * vsota)
                     continue;
-                if (sePrekrivata(rastlina, s) &&
-                    vCelicahIskanja(s.celica, rastlina.pozicijaMap2D.x, rastlina.pozicijaMap2D.y))
+                const Podrobnosti& d = podrobnosti[i];
+                if (sePrekrivata(rastlina, s, d) &&
+                    vCelicahIskanja(d.celica, rastlina.pozicijaMap2D.x, rastlina.pozicijaMap2D.y))
                     return true;
             }
         }

@@ -22,12 +22,18 @@ public:
     bool imaDominantnegaSoseda(simulationEntities::CRastlina& rastlina) const;
 
 private:
+    // What every look at a neighbour reads, kept small so that the grid stays
+    // in the processor's cache...
     struct Zapis {
-        float x, y, z; // copies of pozicija3D, so the overlap test needs no plant
+        float x, z;
         float radij;
-        float moc;                               // strength weighted by the species' vplivMoci
-        int celica;                              // y * stTockX + x of pozicijaMap2D
-        simulationEntities::CRastlina* rastlina; // null once the plant died
+        float moc; // strength weighted by the species' vplivMoci; -inf once dead
+        simulationEntities::CRastlina* rastlina;
+    };
+    // ... and what only a neighbour near enough to overlap needs.
+    struct Podrobnosti {
+        float y;    // with x and z a copy of pozicija3D
+        int celica; // y * stTockX + x of pozicijaMap2D
     };
     struct Predal {
         int zacetek;  // first record; the next bucket's zacetek ends it
@@ -40,11 +46,13 @@ private:
     void dolociPredale(int stRastlin);
     void razvrstiPoMoci();
     bool vCelicahIskanja(int celica, int celicaX, int celicaY) const;
-    static bool sePrekrivata(const simulationEntities::CRastlina& rastlina, const Zapis& sosed);
+    static bool sePrekrivata(const simulationEntities::CRastlina& rastlina, const Zapis& sosed,
+                             const Podrobnosti& podrobnosti);
 
-    std::vector<Zapis> zapisi;   // grouped by bucket, strongest first
-    std::vector<Predal> predali; // one extra at the end
-    std::vector<int> naslednji;  // fill cursor per bucket while building
+    std::vector<Zapis> zapisi;            // grouped by bucket, strongest first
+    std::vector<Podrobnosti> podrobnosti; // in step with zapisi
+    std::vector<Predal> predali;          // one extra at the end
+    std::vector<int> naslednji;           // fill cursor per bucket while building
     double minX = 0, minZ = 0, maxX = 0, maxZ = 0;
     double velikostPredala = 1;
     int stPredalovX = 0, stPredalovZ = 0;
