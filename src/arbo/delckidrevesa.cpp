@@ -24,7 +24,8 @@ void DelckiDrevesa::nastaviBarvo(float r, float g, float b, float a) {
 void DelckiDrevesa::narisiZbrano() {
     if (sklad.naGl)
         return;
-    mreza.narisi(pogled.textureNames[0], pogled.textureNames[1]);
+    if (risi)
+        mreza.narisi(pogled.textureNames[0], pogled.textureNames[1]);
     mreza.izprazni();
     glColor4fv(barva);
 }

@@ -21,6 +21,9 @@ public:
     SerializatorDelckovDrevesa& serializatorDelckovDrevesa;
     MatrikaSklad sklad;
     MrezaDrevesa mreza;
+    // When false the CPU path gathers the frame and discards it (for timing the
+    // generator alone).
+    bool risi = true;
     // Stem segments and leaves drawn since the generator's frame began.
     int stSegmentov = 0;
     int stListov = 0;

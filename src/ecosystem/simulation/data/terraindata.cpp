@@ -8,6 +8,8 @@
 #include "ecosystem/simulation/data/windfactory.h"
 #include "ecosystem/simulation/randomgenerator.h"
 
+#include <algorithm>
+
 namespace ecosystem::data {
 
 using arbo::Tocka;
@@ -119,6 +121,9 @@ bool CTerrainData::jeNadVodo(const Tocka2i& pozicija2D) {
         return false;
     if (pozicija2D.x < lupaXmin || pozicija2D.x > lupaXmax)
         return false;
+    // A lupa reaching past the grid does not make cells off the grid dry.
+    if (pozicija2D.x < 0 || pozicija2D.x >= stTockX || pozicija2D.y < 0 || pozicija2D.y >= stTockY)
+        return false;
     return isAboveWater(pTerrainVertexData[pozicija2D.x + pozicija2D.y * stTockX].pos.y);
 }
 
@@ -128,8 +133,10 @@ void CTerrainData::buildNonwaterIndexes() {
     nonWaterIndexes.clear();
     const float waterLevel = waterHeight * visinskaRazlikaNaTerenu;
     auto dry = [&](int index) { return pTerrainVertexData[index].pos.y > waterLevel; };
-    for (int y = lupaYmin; y < lupaYmax; ++y) {
-        for (int x = lupaXmin; x < lupaXmax; ++x) {
+    // A lupa set past the grid is cut to it.
+    const int xEnd = std::min(lupaXmax, stTockX), yEnd = std::min(lupaYmax, stTockY);
+    for (int y = std::max(lupaYmin, 0); y < yEnd; ++y) {
+        for (int x = std::max(lupaXmin, 0); x < xEnd; ++x) {
             const int index = x + y * stTockX;
             if (!dry(index))
                 continue;

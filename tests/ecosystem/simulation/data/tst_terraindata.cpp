@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <fstream>
+#include <numeric>
 
 using arbo::Tocka;
 using ecosystem::Tocka2i;
@@ -51,7 +52,7 @@ void writeDem(const QString& path, int nrPoints, float z, const QByteArray& tail
 class TestTerrainData : public QObject {
     Q_OBJECT
 private slots:
-    void defaultTerrainHasSpecifiedInitialState() {
+    void defaultTerrainStartsWithItsDocumentedState() {
         CTerrainData t;
         QCOMPARE(t.stTockX, 100);
         QCOMPARE(t.stTockY, 100);
@@ -162,6 +163,22 @@ private slots:
             for (int x : {0, 1, 2, 5}) // 3 has a wet +X neighbour, 4 is wet
                 expected.push_back(x + y * 6);
         QCOMPARE(t.nonWaterIndexes, expected);
+    }
+
+    void lupaPastTheGridIsCutToIt() {
+        CTerrainData t;
+        terraintest::reshape(t, 4, 3, [](int, int) { return 1.0f; });
+        t.lupaXmin = -2;
+        t.lupaXmax = 9;
+        t.lupaYmin = -1;
+        t.lupaYmax = 7;
+        t.buildNonwaterIndexes();
+        std::vector<int> all(12);
+        std::iota(all.begin(), all.end(), 0);
+        QCOMPARE(t.nonWaterIndexes, all);
+        QVERIFY(!t.jeNadVodo(Tocka2i(4, 1)));
+        QVERIFY(!t.jeNadVodo(Tocka2i(-1, 1)));
+        QVERIFY(t.jeNadVodo(Tocka2i(3, 2)));
     }
 
     void randomPointDrawsStreamITwiceAndJOnce() {

@@ -1,0 +1,390 @@
+#include "ecosystem/render/ecosystemrender.h"
+
+#include "arbo/arbo.h"
+#include "arbo/gltexture.h"
+#include "arbo/usermessage.h"
+#include "ecosystem/render/camera.h"
+#include "ecosystem/render/framerate.h"
+#include "ecosystem/simulation/data/terraindata.h"
+#include "ecosystem/simulation/ecosystemsimulation.h"
+
+#include <QCoreApplication>
+#include <QImage>
+
+#include <GL/gl.h>
+
+#include <cstdio>
+#include <iostream>
+
+namespace ecosystem::render {
+
+EcosystemRender::EcosystemRender(QOpenGLContext* /*context*/, QOpenGLWidget* widget)
+    : qGLWidget(widget), filenameDetail(":/gui/textures/detail.png"),
+      filenameSky1(":/gui/textures/sky_n.png"), filenameSky2(":/gui/textures/sky_s.png"),
+      filenameSky3(":/gui/textures/sky_e.png"), filenameSky4(":/gui/textures/sky_w.png"),
+      filenameSky5(":/gui/textures/sky_u.png"), filenameSky6(":/gui/textures/sky_d.png") {
+    initModelObjects();
+    camera = new Camera(this, terrainData);
+    initAllTextures(widget);
+}
+
+EcosystemRender::~EcosystemRender() {
+    delete terrainData;
+    delete ecosystemSimulation;
+    for (arbo::Arbo* tree : izglediDrevesnihVrst) {
+        arbo::GlTexture::release(tree->pogled.textureNames[0]);
+        arbo::GlTexture::release(tree->pogled.textureNames[1]);
+        delete tree;
+    }
+}
+
+void EcosystemRender::initModelObjects() {
+    terrainData = new data::CTerrainData();
+    ecosystemSimulation = new CEcosystemSimulation();
+    ecosystemSimulation->setTerrainData(*terrainData);
+    createModelTrees();
+    if (!terrainData->isDataReady())
+        terrainData->buildTerrainData();
+}
+
+// Five species trees from the collection (relative to the working directory;
+// a missing file leaves the default parameters) and the default tree.
+void EcosystemRender::createModelTrees() {
+    const char* files[] = {"bin/zbirka-4/grm5.tree.xml",
+                           "bin/zbirka-4/Vrba Zalujka (Salix Babylonica).tree.xml",
+                           "bin/zbirka-4/javorVelikZgorajGost.tree.xml",
+                           "bin/zbirka-4/smrekaMini.tree.xml",
+                           "bin/zbirka-4/manjseDefault100_vecjiListi.tree.xml",
+                           ""};
+    for (const char* file : files) {
+        auto* tree = new arbo::Arbo();
+        tree->createKvadraticnePloskve();
+        tree->pdPrepared.loadParameters(file);
+        izglediDrevesnihVrst.append(tree);
+    }
+    selectTree(5);
+}
+
+void EcosystemRender::selectTree(int index) {
+    indexIzbranegaDrevesa = index;
+    izbranoArbo = izglediDrevesnihVrst[index];
+}
+
+void EcosystemRender::makeTransparent(QImage& image) {
+    image = image.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x)
+            if (qRed(line[x]) > 200 && qGreen(line[x]) > 200 && qBlue(line[x]) > 200)
+                line[x] = qRgba(255, 255, 255, 0);
+    }
+}
+
+void EcosystemRender::reloadAllTreeTextures() {
+    const int selected = indexIzbranegaDrevesa;
+    for (int i = 0; i < izglediDrevesnihVrst.size(); ++i) {
+        selectTree(i);
+        reloadCurrentTreeTextures();
+    }
+    selectTree(selected);
+}
+
+void EcosystemRender::reloadCurrentTreeTextures() {
+    const QString barkName =
+        QString::fromStdString(izbranoArbo->pdPrepared.barkTextureFileName).replace('\\', '/');
+    const QString leafName =
+        QString::fromStdString(izbranoArbo->pdPrepared.leafTextureFileName).replace('\\', '/');
+    QImage bark(barkName), leaf;
+    if (bark.isNull() || !leaf.load(leafName)) {
+        arbo::showUserMessage(
+            QCoreApplication::translate("EcosystemRender", "Error").toStdString(),
+            QCoreApplication::translate("EcosystemRender", "Could not open bark texture file.")
+                .toStdString());
+        return;
+    }
+    makeTransparent(bark);
+    makeTransparent(leaf);
+    GLuint* names = izbranoArbo->pogled.textureNames;
+    arbo::GlTexture::release(names[0]);
+    arbo::GlTexture::release(names[1]);
+    names[0] = arbo::GlTexture::bind(bark);
+    names[1] = arbo::GlTexture::bind(leaf);
+    izbranoArbo->reloadIdTextures(1, 1);
+}
+
+void EcosystemRender::initAllTextures(QOpenGLWidget* /*widget*/) {
+    reloadAllTreeTextures();
+}
+
+void EcosystemRender::render() {
+    const arbo::Pogled& pogled = izbranoArbo->pogled;
+    if (!pogled.animateGrow && !pogled.animateOrbitAround && !pogled.animateWindSway)
+        emit stopTreeAnimation();
+    if (doNotRefreshDisplay)
+        return;
+    countFrame();
+    if (lightingEnabled)
+        glEnable(GL_LIGHTING);
+    else
+        glDisable(GL_LIGHTING);
+    checkGlError("Zacetek renderiranja");
+    if (singleRender)
+        izbranoArbo->drawSingleTreeCentered(camera->dol_pomik, camera->levo_pomik, camera->z_pomik,
+                                            camera->x_zasuk, camera->y_zasuk);
+    else
+        renderEcosystem();
+    checkGlError("Vse zrenderirano");
+}
+
+void EcosystemRender::renderEcosystem() {
+    glClearColor(1, 1, 1, 1);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    glLoadIdentity();
+    checkGlError("Identity model");
+    camera->setupEcosystemCamera();
+    checkGlError("Camera set");
+    setLightPosition();
+    checkGlError("Lights set");
+    // A newly loaded DEM is taken up here.
+    if (!terrainData->isDataReady())
+        terrainData->buildTerrainData();
+}
+
+void EcosystemRender::setLightPosition() {
+    if (singleRender)
+        return;
+    const GLfloat light0[] = {4609, 0, 5750, 0};
+    const GLfloat light1[] = {4609, 2500, 5750, 2500};
+    const GLfloat light2[] = {4609, 1000, 5750, 715};
+    glLightfv(GL_LIGHT0, GL_POSITION, light0);
+    glLightfv(GL_LIGHT1, GL_POSITION, light1);
+    glLightfv(GL_LIGHT2, GL_POSITION, light2);
+}
+
+void EcosystemRender::countFrame() {
+    static FrameRate frameRate;
+    const float fps = frameRate.frame();
+    if (fps > 0 && showFPS) {
+        std::printf("%s\n", FrameRate::line(fps).c_str());
+        std::fflush(stdout);
+    }
+}
+
+void EcosystemRender::checkGlError(const char* message) {
+    if (!checkingForGlErrors)
+        return;
+    for (GLenum e = glGetError(); e != GL_NO_ERROR; e = glGetError()) {
+        const char* name = nullptr;
+        switch (e) {
+        case GL_INVALID_ENUM:
+            name = "GL_INVALID_ENUM";
+            break;
+        case GL_INVALID_VALUE:
+            name = "GL_INVALID_VALUE";
+            break;
+        case GL_INVALID_OPERATION:
+            name = "GL_INVALID_OPERATION";
+            break;
+        case GL_STACK_OVERFLOW:
+            name = "GL_STACK_OVERFLOW";
+            break;
+        case GL_OUT_OF_MEMORY:
+            name = "GL_OUT_OF_MEMORY";
+            break;
+        default:
+            break;
+        }
+        std::printf("%s: ", message);
+        if (name)
+            std::printf("%s", name);
+        std::printf("\n");
+    }
+}
+
+void EcosystemRender::toggleSingleRender() {
+    singleRender = !singleRender;
+    izbranoArbo->pogled.animateGrow = false;
+    izbranoArbo->pogled.wireframe = false;
+    izbranoArbo->pogled.orbit = 0;
+}
+
+void EcosystemRender::selectNextTreeSpecies() {
+    arbo::Pogled& old = izbranoArbo->pogled;
+    const bool orbit = old.animateOrbitAround, sway = old.animateWindSway;
+    old.animateOrbitAround = false;
+    old.animateWindSway = false;
+    // The spin and sway go with the selection; growing does not.
+    selectTree((indexIzbranegaDrevesa + 1) % int(izglediDrevesnihVrst.size()));
+    izbranoArbo->pogled.animateOrbitAround = orbit;
+    izbranoArbo->pogled.animateWindSway = sway;
+    emit modelDataChanged();
+}
+
+void EcosystemRender::actionEnlarge_leave_size() {
+    izbranoArbo->pdPrepared.listSize *= 1.1f;
+    emit modelDataChanged();
+}
+
+void EcosystemRender::actionReduce_leave_size() {
+    izbranoArbo->pdPrepared.listSize *= 0.91f;
+    emit modelDataChanged();
+}
+
+void EcosystemRender::actionGrow_tree() {
+    izbranoArbo->pogled.animateGrow = !izbranoArbo->pogled.animateGrow;
+    izbranoArbo->pogled.starostDrevesa = 0.0;
+    emit modelDataChanged();
+    emit startTreeAnimation();
+}
+
+void EcosystemRender::actionSpin_tree() {
+    izbranoArbo->pogled.animateOrbitAround = !izbranoArbo->pogled.animateOrbitAround;
+    emit modelDataChanged();
+    emit startTreeAnimation();
+}
+
+void EcosystemRender::actionSway_tree_in_wind() {
+    izbranoArbo->pogled.animateWindSway = !izbranoArbo->pogled.animateWindSway;
+    emit modelDataChanged();
+    emit startTreeAnimation();
+}
+void EcosystemRender::toggleLightingEnabled() {
+    lightingEnabled = !lightingEnabled;
+}
+void EcosystemRender::toggleShowFPS() {
+    showFPS = !showFPS;
+}
+void EcosystemRender::toggleWireframe() {
+    wireframe = !wireframe;
+}
+void EcosystemRender::toggleShowNeighborHood() {
+    showNeighborHood = !showNeighborHood;
+}
+void EcosystemRender::toggleDoNotDrawTrees() {
+    doNotDrawTrees = !doNotDrawTrees;
+}
+void EcosystemRender::toggleDoNotRefreshDisplay() {
+    doNotRefreshDisplay = !doNotRefreshDisplay;
+}
+void EcosystemRender::toggleDisplayTerrainNormals() {
+    displayTerrainNormals = !displayTerrainNormals;
+}
+void EcosystemRender::toggleDisplayTerrainInclination() {
+    displayTerrainInclination = !displayTerrainInclination;
+}
+void EcosystemRender::toggleDisplayTerrainMoisture() {
+    displayTerrainMoisture = !displayTerrainMoisture;
+}
+void EcosystemRender::toggleDisplayTerrainSunniness() {
+    displayTerrainSunniness = !displayTerrainSunniness;
+}
+void EcosystemRender::toggleDisplayTerrainWindiness() {
+    displayTerrainWindiness = !displayTerrainWindiness;
+}
+void EcosystemRender::toggleDisplayLandMarkings() {
+    displayLandMarkings = !displayLandMarkings;
+}
+void EcosystemRender::toggleDisplaySun() {
+    displaySun = !displaySun;
+}
+void EcosystemRender::toggleDisplaySky() {
+    displaySky = !displaySky;
+}
+
+void EcosystemRender::actionRender_less_often_skip_more_frames() {
+    ++simulationStepsPerRenderedFrame;
+}
+
+void EcosystemRender::actionRender_more_often_skip_less_frames() {
+    if (simulationStepsPerRenderedFrame > 1)
+        --simulationStepsPerRenderedFrame;
+}
+
+int EcosystemRender::getLupaMinX() const {
+    return terrainData->lupaXmin;
+}
+int EcosystemRender::getLupaMaxX() const {
+    return terrainData->lupaXmax;
+}
+int EcosystemRender::getLupaMinY() const {
+    return terrainData->lupaYmin;
+}
+int EcosystemRender::getLupaMaxY() const {
+    return terrainData->lupaYmax;
+}
+
+void EcosystemRender::setLupaMinX(int v) {
+    terrainData->lupaXmin = v;
+    terrainData->buildNonwaterIndexes();
+}
+
+void EcosystemRender::setLupaMaxX(int v) {
+    terrainData->lupaXmax = v;
+    terrainData->buildNonwaterIndexes();
+}
+
+void EcosystemRender::setLupaMinY(int v) {
+    terrainData->lupaYmin = v;
+    terrainData->buildNonwaterIndexes();
+}
+
+void EcosystemRender::setLupaMaxY(int v) {
+    terrainData->lupaYmax = v;
+    terrainData->buildNonwaterIndexes();
+}
+
+statistics::CEntitiesStatistics* EcosystemRender::getEntitiesStatistics() const {
+    return ecosystemSimulation->getEntitiesStatistics();
+}
+
+bool EcosystemRender::isSimulationRedyAndRunning() const {
+    return ecosystemSimulation->simulationRunning;
+}
+
+std::vector<unsigned long long> EcosystemRender::getRandomGeneratorSeeds() const {
+    return ecosystemSimulation->getRandomGeneratorSeeds();
+}
+
+void EcosystemRender::setRandomGeneratorSeeds(std::vector<unsigned long long> seeds) {
+    ecosystemSimulation->setRandomGeneratorSeeds(seeds);
+}
+
+void EcosystemRender::simulateNextStepAndUpdateGL() {
+    ecosystemSimulation->simulateNextStep();
+    std::cout << ecosystemSimulation->getEntitiesStatistics()->getLogText() << std::endl;
+    emit nrPlantsLivingChanged();
+    // With several steps per rendered frame, only every n-th step asks for a
+    // repaint; the simulation itself runs at full pace.
+    if (--simulationStepsUntilRender < 1) {
+        simulationStepsUntilRender = simulationStepsPerRenderedFrame;
+        emit modelDataChanged();
+    }
+    updateAutoSave();
+}
+
+void EcosystemRender::setAutosave(int steps) {
+    autoSaveSimulationStepNr = steps;
+}
+
+void EcosystemRender::updateAutoSave() {
+    // The interval is -1 (off) or positive; 0 would divide by zero.
+    if (autoSaveSimulationStepNr < 1)
+        return;
+    if (ecosystemSimulation->simulationStepNr % autoSaveSimulationStepNr == 0)
+        saveSimulation(std::to_string(ecosystemSimulation->simulationStepNr) + ".sim");
+}
+
+void EcosystemRender::saveSimulation(std::string fileName) {
+    ecosystemSimulation->saveSimulation(fileName);
+}
+
+void EcosystemRender::loadSimulation(std::string fileName) {
+    ecosystemSimulation->loadSimulation(fileName);
+    emit nrPlantsLivingChanged();
+}
+
+void EcosystemRender::reloadDMR(std::string fileName) {
+    terrainData->reloadDMR(fileName.c_str());
+}
+
+} // namespace ecosystem::render

@@ -1,0 +1,146 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <string>
+#include <vector>
+
+class QImage;
+class QOpenGLContext;
+class QOpenGLWidget;
+
+namespace arbo {
+class Arbo;
+}
+
+namespace ecosystem {
+class CEcosystemSimulation;
+}
+namespace ecosystem::data {
+class CTerrainData;
+}
+namespace ecosystem::statistics {
+class CEntitiesStatistics;
+}
+
+namespace ecosystem::render {
+
+class Camera;
+
+// The scene: owns everything that is drawn or simulated, holds every display
+// switch, draws one frame on request and runs one simulation step on request.
+// Tree-edit mode (singleRender) shows the selected model tree alone; ecosystem
+// mode (the state at start) shows terrain, sky, overlays and living plants.
+class EcosystemRender : public QObject {
+    Q_OBJECT
+public:
+    EcosystemRender(QOpenGLContext* context, QOpenGLWidget* widget);
+    ~EcosystemRender() override;
+
+    bool isSingleRender() const { return singleRender; }
+    arbo::Arbo* getIzbranoArbo() const { return izbranoArbo; }
+    Camera* getCurrentCamera() const { return camera; }
+    data::CTerrainData* getTerrainData() const { return terrainData; }
+    statistics::CEntitiesStatistics* getEntitiesStatistics() const;
+    bool isSimulationRedyAndRunning() const;
+    std::vector<unsigned long long> getRandomGeneratorSeeds() const;
+    int getLupaMinX() const;
+    int getLupaMaxX() const;
+    int getLupaMinY() const;
+    int getLupaMaxY() const;
+
+    bool singleRender = false;
+    bool displayTerrainNormals = false;
+    bool displayTerrainInclination = false;
+    bool displayTerrainMoisture = false;
+    bool displayTerrainSunniness = false;
+    bool displayTerrainWindiness = false;
+    bool displayLandMarkings = false;
+    Camera* camera = nullptr;
+    data::CTerrainData* terrainData = nullptr;
+    CEcosystemSimulation* ecosystemSimulation = nullptr;
+    // Index i < 5 is the model of the species whose type is i; the sixth
+    // belongs to no species.
+    QList<arbo::Arbo*> izglediDrevesnihVrst;
+    arbo::Arbo* izbranoArbo = nullptr;
+    int indexIzbranegaDrevesa = 5;
+    QOpenGLWidget* qGLWidget = nullptr;
+    int simulationStepsPerRenderedFrame = 1;
+    bool lightingEnabled = true;
+    bool wireframe = false;
+    bool showFPS = true;
+    bool showNeighborHood = false;
+    bool doNotDrawTrees = false;
+    bool doNotRefreshDisplay = false;
+    int simulationStepsUntilRender = 1;
+    bool displaySun = false;
+    bool displaySky = true;
+    int autoSaveSimulationStepNr = -1;
+    QString filenameDetail;
+    QString filenameSky1, filenameSky2, filenameSky3, filenameSky4, filenameSky5, filenameSky6;
+    bool checkingForGlErrors = false;
+
+signals:
+    void modelDataChanged();
+    void startTreeAnimation();
+    void stopTreeAnimation();
+    void nrPlantsLivingChanged();
+    void nrPlantsRenderedChanged();
+
+public slots:
+    void render();
+    void initAllTextures(QOpenGLWidget* widget);
+    void reloadCurrentTreeTextures();
+    void reloadAllTreeTextures();
+    void selectNextTreeSpecies();
+    void actionEnlarge_leave_size();
+    void actionReduce_leave_size();
+    void actionGrow_tree();
+    void actionSpin_tree();
+    void actionSway_tree_in_wind();
+    void toggleSingleRender();
+    void toggleLightingEnabled();
+    void toggleShowFPS();
+    void toggleWireframe();
+    void toggleShowNeighborHood();
+    void toggleDoNotDrawTrees();
+    void toggleDoNotRefreshDisplay();
+    void toggleDisplayTerrainNormals();
+    void toggleDisplayTerrainInclination();
+    void toggleDisplayTerrainMoisture();
+    void toggleDisplayTerrainSunniness();
+    void toggleDisplayTerrainWindiness();
+    void toggleDisplayLandMarkings();
+    void toggleDisplaySun();
+    void toggleDisplaySky();
+    void actionRender_less_often_skip_more_frames();
+    void actionRender_more_often_skip_less_frames();
+    void checkGlError(const char* message);
+    void setLupaMinX(int v);
+    void setLupaMaxX(int v);
+    void setLupaMinY(int v);
+    void setLupaMaxY(int v);
+    void reloadDMR(std::string fileName);
+    void simulateNextStepAndUpdateGL();
+    void loadSimulation(std::string fileName);
+    void saveSimulation(std::string fileName);
+    void setRandomGeneratorSeeds(std::vector<unsigned long long> seeds);
+    void setAutosave(int steps);
+    void updateAutoSave();
+
+public:
+    // Pixels whose red, green and blue all exceed 200 become transparent white.
+    static void makeTransparent(QImage& image);
+
+private:
+    void initModelObjects();
+    void createModelTrees();
+    void selectTree(int index);
+    void countFrame();
+    void setLightPosition();
+    void renderEcosystem();
+};
+
+} // namespace ecosystem::render

@@ -1,0 +1,88 @@
+#include "gui/actionhandling/timekeeper.h"
+
+#include <QTimer>
+
+namespace gui::actionhandling {
+
+TimeKeeper::TimeKeeper(QObject* parent, ecosystem::render::EcosystemRender* model)
+    : QObject(parent), model(model) {}
+
+void TimeKeeper::setCurrentModel(ecosystem::render::EcosystemRender* m) {
+    model = m;
+}
+
+QTimer* TimeKeeper::startTimer(int intervalMs, void (TimeKeeper::*tick)()) {
+    auto* timer = new QTimer(this);
+    timer->setSingleShot(false);
+    connect(timer, &QTimer::timeout, this, tick);
+    timer->start(intervalMs);
+    return timer;
+}
+
+void TimeKeeper::stopTimer(QTimer*& timer) {
+    if (!timer)
+        return;
+    timer->stop();
+    // The stop may come from inside the timer's own tick.
+    timer->deleteLater();
+    timer = nullptr;
+}
+
+void TimeKeeper::toggleAnimationExportingMode() {
+    animationExportingMode = !animationExportingMode;
+    if (!animationExportingMode) {
+        animationFrameNumber = 0;
+        emit sequenceExportStopped();
+    }
+}
+
+void TimeKeeper::forceUpdateGl() {
+    if (animationExportingMode)
+        emit grabGeometry(animationFrameNumber++);
+    emit updateOnlyGL();
+    if (animationExportingMode)
+        emit grabFrameBuffer(animationFrameNumber++);
+}
+
+void TimeKeeper::toggleRunSimulation() {
+    if (simmulationTimer)
+        stopTimer(simmulationTimer);
+    else
+        simmulationTimer = startTimer(0, &TimeKeeper::simmulationTimerUpdate);
+}
+
+void TimeKeeper::startTreeAnimation() {
+    if (!treeTimer)
+        treeTimer = startTimer(20, &TimeKeeper::treeTimerUpdate);
+}
+
+void TimeKeeper::stopTreeAnimation() {
+    stopTimer(treeTimer);
+}
+
+void TimeKeeper::startCameraAnimation() {
+    if (!cameraTimer)
+        cameraTimer = startTimer(10, &TimeKeeper::cameraTimerUpdate);
+}
+
+void TimeKeeper::stopCameraAnimation() {
+    stopTimer(cameraTimer);
+}
+
+void TimeKeeper::treeTimerUpdate() {
+    emit animateTree();
+    forceUpdateGl();
+}
+
+void TimeKeeper::cameraTimerUpdate() {
+    emit animateCamera();
+    forceUpdateGl();
+}
+
+void TimeKeeper::simmulationTimerUpdate() {
+    emit updateSimulationAndGL();
+    if (animationExportingMode)
+        emit grabFrameBuffer(animationFrameNumber++);
+}
+
+} // namespace gui::actionhandling

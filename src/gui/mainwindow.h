@@ -1,0 +1,59 @@
+#pragma once
+
+#include "gui/ui_mainwindow.h"
+
+#include <QList>
+#include <QMainWindow>
+
+namespace ecosystem::render {
+class EcosystemRender;
+}
+
+namespace gui {
+
+class OglWidget;
+namespace actionhandling {
+class FileHandler;
+class TimeKeeper;
+class DesignHandler;
+class ViewHandler;
+class NavigationHandler;
+} // namespace actionhandling
+
+// The main window: menus, tool bars and the stacked OpenGL views. The scene
+// comes into being when the first view's GL context is initialised; then the
+// action handlers are created and every action is wired to them.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit MainWindow(QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    Ui_MainWindow ui;
+    ecosystem::render::EcosystemRender* currentModel = nullptr;
+    QList<ecosystem::render::EcosystemRender*> models;
+    int currentModelNr = 0;
+    OglWidget* oglWidget = nullptr;
+    actionhandling::FileHandler* fileHandler = nullptr;
+    actionhandling::TimeKeeper* timeKeeper = nullptr;
+    actionhandling::DesignHandler* designHandler = nullptr;
+    actionhandling::ViewHandler* viewHandler = nullptr;
+    actionhandling::NavigationHandler* navigationHandler = nullptr;
+
+public slots:
+    void bindNewModel(ecosystem::render::EcosystemRender* model);
+    void newGlContextInitialized(gui::OglWidget* view);
+    void on_actionAdd_view_triggered();
+    void on_actionSet_plant_area_triggered();
+    void on_actionAbout_triggered();
+    void on_actionUsage_triggered();
+    void cycleView();
+
+private:
+    void bindFileHandler();
+    void bindTimeKeeper();
+    void bindSceneActions();
+    void bindViewHandler();
+};
+
+} // namespace gui

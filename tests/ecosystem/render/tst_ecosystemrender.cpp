@@ -1,0 +1,202 @@
+#include "arbo/arbo.h"
+#include "arbo/glokolje.h"
+#include "arbo/usermessage.h"
+#include "ecosystem/render/camera.h"
+#include "ecosystem/render/ecosystemrender.h"
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QImage>
+#include <QtTest>
+
+#include <memory>
+
+using ecosystem::render::EcosystemRender;
+
+// The scene's own behaviour: its trees, switches and tree actions.
+class TestEcosystemRender : public QObject {
+    Q_OBJECT
+    GlOkolje gl;
+    std::unique_ptr<EcosystemRender> scene;
+    QStringList messages;
+
+private slots:
+    void initTestCase() {
+        arbo::setUserMessageHandler([this](const std::string& title, const std::string& text) {
+            messages << QString::fromStdString(title + ": " + text);
+        });
+        QVERIFY(gl.ustvari());
+        // The working directory has no tree collection: six default trees.
+        scene = std::make_unique<EcosystemRender>(&gl.context, nullptr);
+    }
+
+    void startsInEcosystemModeWithTheSixthTree() {
+        QCOMPARE(scene->izglediDrevesnihVrst.size(), 6);
+        QCOMPARE(scene->indexIzbranegaDrevesa, 5);
+        QCOMPARE(scene->getIzbranoArbo(), scene->izglediDrevesnihVrst[5]);
+        QVERIFY(!scene->isSingleRender());
+        QVERIFY(scene->displaySky && scene->lightingEnabled && scene->showFPS);
+        QCOMPARE(scene->autoSaveSimulationStepNr, -1);
+        for (arbo::Arbo* tree : scene->izglediDrevesnihVrst)
+            QCOMPARE(tree->pdPrepared.stVsehZil, 1000); // default parameters
+    }
+
+    void leafSizeFactorsAreNotReciprocal() {
+        arbo::Arbo* tree = scene->getIzbranoArbo();
+        const float start = tree->pdPrepared.listSize;
+        QSignalSpy changed(scene.get(), &EcosystemRender::modelDataChanged);
+        scene->actionEnlarge_leave_size();
+        scene->actionEnlarge_leave_size();
+        scene->actionReduce_leave_size();
+        QCOMPARE(tree->pdPrepared.listSize, start * 1.1f * 1.1f * 0.91f);
+        QCOMPARE(changed.count(), 3);
+        tree->pdPrepared.listSize = start;
+    }
+
+    void nextSpeciesWrapsAndCarriesSpinAndSway() {
+        arbo::Arbo* sixth = scene->getIzbranoArbo();
+        scene->actionSpin_tree();
+        scene->actionGrow_tree();
+        QVERIFY(sixth->pogled.animateOrbitAround && sixth->pogled.animateGrow);
+        scene->selectNextTreeSpecies();
+        QCOMPARE(scene->indexIzbranegaDrevesa, 0);
+        arbo::Arbo* first = scene->getIzbranoArbo();
+        QVERIFY(first->pogled.animateOrbitAround);
+        QVERIFY(!first->pogled.animateWindSway);
+        QVERIFY(!first->pogled.animateGrow);
+        QVERIFY(!sixth->pogled.animateOrbitAround);
+        QVERIFY(sixth->pogled.animateGrow); // growing is not handed over
+        for (int i = 0; i < 5; ++i)
+            scene->selectNextTreeSpecies();
+        QCOMPARE(scene->getIzbranoArbo(), sixth);
+        QVERIFY(sixth->pogled.animateOrbitAround);
+        scene->actionSpin_tree();
+        scene->actionGrow_tree();
+    }
+
+    void renderStopsTreeAnimationWhenNoFlagIsLeft() {
+        QSignalSpy stop(scene.get(), &EcosystemRender::stopTreeAnimation);
+        QSignalSpy start(scene.get(), &EcosystemRender::startTreeAnimation);
+        scene->actionSway_tree_in_wind();
+        QCOMPARE(start.count(), 1);
+        scene->render();
+        QCOMPARE(stop.count(), 0);
+        scene->actionSway_tree_in_wind();
+        scene->render();
+        QCOMPARE(stop.count(), 1);
+        // Even a frame that draws nothing ends the animation.
+        scene->doNotRefreshDisplay = true;
+        scene->render();
+        QCOMPARE(stop.count(), 2);
+        scene->doNotRefreshDisplay = false;
+    }
+
+    void modeSwitchClearsGrowWireframeAndOrbit() {
+        arbo::Arbo* tree = scene->getIzbranoArbo();
+        tree->pogled.animateGrow = true;
+        tree->pogled.wireframe = true;
+        tree->pogled.orbit = 42;
+        tree->pogled.animateWindSway = true;
+        scene->toggleSingleRender();
+        QVERIFY(scene->isSingleRender());
+        QVERIFY(!tree->pogled.animateGrow && !tree->pogled.wireframe);
+        QCOMPARE(tree->pogled.orbit, 0.0);
+        QVERIFY(tree->pogled.animateWindSway);
+        scene->toggleSingleRender();
+        QVERIFY(!scene->isSingleRender());
+        tree->pogled.animateWindSway = false;
+    }
+
+    void makeTransparentOnlyAbove200InAllChannels() {
+        QImage image(4, 1, QImage::Format_RGB32);
+        image.setPixel(0, 0, qRgb(201, 201, 201));
+        image.setPixel(1, 0, qRgb(200, 255, 255));
+        image.setPixel(2, 0, qRgb(255, 255, 255));
+        image.setPixel(3, 0, qRgb(30, 120, 40));
+        EcosystemRender::makeTransparent(image);
+        QCOMPARE(image.pixel(0, 0), qRgba(255, 255, 255, 0));
+        QCOMPARE(image.pixel(1, 0), qRgba(200, 255, 255, 255));
+        QCOMPARE(qAlpha(image.pixel(2, 0)), 0);
+        QCOMPARE(image.pixel(3, 0), qRgba(30, 120, 40, 255));
+    }
+
+    void missingTextureKeepsTheOldOnesAndSaysSo() {
+        arbo::Arbo* tree = scene->getIzbranoArbo();
+        const GLuint bark = tree->pogled.textureNames[0];
+        const GLuint leaf = tree->pogled.textureNames[1];
+        const std::string old = tree->pdPrepared.barkTextureFileName;
+        messages.clear();
+        tree->pdPrepared.barkTextureFileName = "no/such/bark.jpg";
+        scene->reloadCurrentTreeTextures();
+        QCOMPARE(messages, QStringList("Error: Could not open bark texture file."));
+        QCOMPARE(tree->pogled.textureNames[0], bark);
+        QCOMPARE(tree->pogled.textureNames[1], leaf);
+        tree->pdPrepared.barkTextureFileName = old;
+    }
+
+    void texturesLoadFromBackslashedNames() {
+        const QString dir = QDir::temp().filePath("virela_tex");
+        QDir().mkpath(dir);
+        QImage img(8, 8, QImage::Format_RGB32);
+        img.fill(qRgb(90, 60, 30));
+        QVERIFY(img.save(dir + "/b.png"));
+        QVERIFY(img.save(dir + "/l.png"));
+        arbo::Arbo* tree = scene->getIzbranoArbo();
+        tree->pdPrepared.barkTextureFileName = QString(dir + "\\b.png").toStdString();
+        tree->pdPrepared.leafTextureFileName = QString(dir + "\\l.png").toStdString();
+        messages.clear();
+        scene->reloadCurrentTreeTextures();
+        QVERIFY2(messages.isEmpty(), qPrintable(messages.join(";")));
+        QVERIFY(tree->pogled.textureNames[0] != 0 && tree->pogled.textureNames[1] != 0);
+        QVERIFY(glIsTexture(tree->pogled.textureNames[0]));
+    }
+
+    void stepsPerFrameNeverBelowOne() {
+        scene->actionRender_more_often_skip_less_frames();
+        QCOMPARE(scene->simulationStepsPerRenderedFrame, 1);
+        scene->actionRender_less_often_skip_more_frames();
+        QCOMPARE(scene->simulationStepsPerRenderedFrame, 2);
+        scene->actionRender_more_often_skip_less_frames();
+        QCOMPARE(scene->simulationStepsPerRenderedFrame, 1);
+    }
+
+    void simulationStepPrintsAndAutosaves() {
+        QVERIFY(!scene->isSimulationRedyAndRunning());
+        // A small plant area keeps the run short.
+        scene->setLupaMinX(40);
+        scene->setLupaMaxX(46);
+        scene->setLupaMinY(40);
+        scene->setLupaMaxY(46);
+        QCOMPARE(scene->getLupaMaxY(), 46);
+        scene->setAutosave(30);
+        scene->actionRender_less_often_skip_more_frames(); // two steps per repaint
+        QSignalSpy living(scene.get(), &EcosystemRender::nrPlantsLivingChanged);
+        QSignalSpy repaint(scene.get(), &EcosystemRender::modelDataChanged);
+        for (const char* f : {"0.sim", "30.sim", "60.sim", "31.sim"})
+            QFile::remove(f);
+        scene->doNotRefreshDisplay = true; // drawing is off, stepping goes on
+        for (int i = 0; i < 61; ++i)
+            scene->simulateNextStepAndUpdateGL();
+        QVERIFY(scene->isSimulationRedyAndRunning());
+        QCOMPARE(living.count(), 61);
+        QCOMPARE(repaint.count(), 31); // the first step, then every second
+        QVERIFY(QFile::exists("30.sim"));
+        QVERIFY(QFile::exists("60.sim"));
+        QVERIFY(!QFile::exists("31.sim"));
+        scene->doNotRefreshDisplay = false;
+        scene->actionRender_more_often_skip_less_frames();
+    }
+
+    void seedsPassThrough() {
+        std::vector<unsigned long long> seeds(13);
+        for (int i = 0; i < 13; ++i)
+            seeds[i] = 100 + i;
+        scene->setRandomGeneratorSeeds(seeds);
+        QCOMPARE(scene->getRandomGeneratorSeeds(), seeds);
+    }
+
+    void cleanupTestCase() { scene.reset(); }
+};
+
+QTEST_MAIN(TestEcosystemRender)
+#include "tst_ecosystemrender.moc"

@@ -1,0 +1,258 @@
+#include "ecosystem/simulation/data/heighmapfactory.h"
+#include "ecosystem/simulation/data/terraindata.h"
+
+#include "ecosystem/simulation/data/terrainfixture.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <cmath>
+
+using arbo::Tocka;
+using ecosystem::data::CHeighMapFactory;
+using ecosystem::data::CTerrainData;
+using ecosystem::data::mixPixels;
+using terraintest::MessageCatcher;
+
+namespace {
+
+QString writeFile(QTemporaryDir& dir, const char* name, const QByteArray& text) {
+    const QString path = dir.filePath(name);
+    QFile f(path);
+    if (!f.open(QIODevice::WriteOnly))
+        return {};
+    f.write(text);
+    return path;
+}
+
+// Five one-pixel textures with easily told apart channels.
+void bandTextures(QImage* images) {
+    const QRgb colours[5] = {qRgb(13, 197, 3), qRgb(41, 163, 27), qRgb(83, 119, 61),
+                             qRgb(157, 79, 143), qRgb(241, 37, 223)};
+    for (int i = 0; i < 5; ++i) {
+        images[i] = QImage(1, 1, QImage::Format_RGB32);
+        images[i].setPixel(0, 0, colours[i]);
+    }
+}
+
+// Mixing worked independently: own weight w, the neighbours share 1 - w.
+QRgb expectedMix(QRgb own, QRgb lower, QRgb upper, double w) {
+    auto ch = [&](int a, int b, int c) {
+        return int(std::floor(a * w + (b + c) * (1 - w) / 2)) / 2;
+    };
+    return qRgb(ch(qRed(own), qRed(lower), qRed(upper)),
+                ch(qGreen(own), qGreen(lower), qGreen(upper)),
+                ch(qBlue(own), qBlue(lower), qBlue(upper)));
+}
+
+} // namespace
+
+class TestHeighMapFactory : public QObject {
+    Q_OBJECT
+private slots:
+    void loadsAGridOfTheTerrainsSize() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "small.dmr",
+                                       "100 900 50.5\n125 900 52\n150 900 49\n"
+                                       "100 875 60\n125 875 70.25\n150 875 48.5\n"
+                                       "999 999 999\n"); // more than needed: ignored
+        MessageCatcher catcher;
+        CTerrainData t;
+        terraintest::reshape(t, 3, 2, [](int, int) { return 0.0f; });
+        CHeighMapFactory(&t).loadDmrHeighMap(path.toLocal8Bit().constData());
+        QVERIFY(catcher.messages.empty());
+        QCOMPARE(t.dmrMinX, 100.0f);
+        QCOMPARE(t.dmrMaxX, 150.0f);
+        QCOMPARE(t.dmrMinY, 875.0f);
+        QCOMPARE(t.dmrMaxY, 900.0f);
+        QCOMPARE(t.dmrMinZ, 48.5f);
+        QCOMPARE(t.dmrMaxZ, 70.25f);
+        QCOMPARE(t.visinskaRazlikaNaTerenu, 70.25f - 48.5f);
+        const float heights[6] = {50.5f, 52, 49, 60, 70.25f, 48.5f};
+        for (int i = 0; i < 6; ++i) {
+            const Tocka p = t.pTerrainVertexData[i].pos;
+            QCOMPARE(p.x, 25.0f * (i % 3));
+            QCOMPARE(p.z, 25.0f * (i / 3));
+            QCOMPARE(p.y, heights[i] - 48.5f);
+            QCOMPARE(t.ogliscaTerena[i].y, p.y);
+        }
+    }
+
+    void numbersMaySpreadOverLinesAndIgnoreTheLocale() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "loose.dmr", "  1\t2 3.5e1\r\n4\n5\n+6  ");
+        CTerrainData t;
+        terraintest::reshape(t, 2, 1, [](int, int) { return 0.0f; });
+        MessageCatcher catcher;
+        CHeighMapFactory(&t).loadDmrHeighMap(path.toLocal8Bit().constData());
+        QVERIFY(catcher.messages.empty());
+        QCOMPARE(t.dmrMaxZ, 35.0f);
+        QCOMPARE(t.dmrMinZ, 6.0f);
+        QCOMPARE(t.pTerrainVertexData[0].pos.y, 29.0f);
+    }
+
+    void unopenableFileChangesNothing() {
+        CTerrainData t;
+        const float minZ = t.dmrMinZ;
+        const Tocka p = t.ogliscaTerena[4321];
+        MessageCatcher catcher;
+        t.heighMapFactory->loadDmrHeighMap("/no/such/file.dmr");
+        QCOMPARE(int(catcher.messages.size()), 1);
+        QCOMPARE(catcher.messages[0].first, std::string("Error"));
+        QCOMPARE(catcher.messages[0].second, std::string("Could not open DEM terrain file."));
+        QCOMPARE(t.dmrMinZ, minZ);
+        QCOMPARE(t.ogliscaTerena[4321].y, p.y);
+    }
+
+    void shortFileKeepsRawElevationsAndReportsOnce() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "short.dmr", "0 0 300\n25 0 310\n50 0 305\n\n\n");
+        CTerrainData t;
+        terraintest::reshape(t, 2, 2, [](int x, int y) { return float(x + y); });
+        t.visinskaRazlikaNaTerenu = 123.0f;
+        MessageCatcher catcher;
+        CHeighMapFactory(&t).loadDmrHeighMap(path.toLocal8Bit().constData());
+        QCOMPARE(int(catcher.messages.size()), 1);
+        QCOMPARE(catcher.messages[0].second, std::string("Error reading DEM terrain file."));
+        QCOMPARE(t.ogliscaTerena[0].y, 300.0f);
+        QCOMPARE(t.ogliscaTerena[2].y, 305.0f);
+        QCOMPARE(t.dmrMaxZ, 310.0f);
+        QCOMPARE(t.dmrMinZ, 300.0f);
+        QCOMPARE(t.visinskaRazlikaNaTerenu, 123.0f);
+        QCOMPARE(t.pTerrainVertexData[3].pos.y, 2.0f); // vertex data not updated
+    }
+
+    void boundingBoxTreatsMinusOneAsUnset() {
+        CTerrainData t;
+        t.dmrMaxX = t.dmrMaxY = t.dmrMaxZ = t.dmrMinX = t.dmrMinY = t.dmrMinZ = -1;
+        CHeighMapFactory f(&t);
+        f.zgradiBoundingBoxDmr(-1, 5, -3);
+        QCOMPARE(t.dmrMaxX, -1.0f);
+        QCOMPARE(t.dmrMinZ, -3.0f);
+        QCOMPARE(t.dmrMaxZ, -3.0f);
+        f.zgradiBoundingBoxDmr(2, 4, -7);
+        QCOMPARE(t.dmrMaxX, 2.0f);
+        QCOMPARE(t.dmrMinX, 2.0f); // the -1 read first was overwritten
+        QCOMPARE(t.dmrMaxY, 5.0f);
+        QCOMPARE(t.dmrMinY, 4.0f);
+        QCOMPARE(t.dmrMaxZ, -3.0f);
+        QCOMPARE(t.dmrMinZ, -7.0f);
+    }
+
+    void mixingWeighsTheOwnTextureAndHalves() {
+        const QRgb a = qRgb(200, 100, 50), b = qRgb(10, 20, 30), c = qRgb(30, 40, 50);
+        QCOMPARE(mixPixels(a, b, c, 0.5f), qRgb(55, 32, 22));
+        QCOMPARE(mixPixels(a, b, c, 1.0f), qRgb(100, 50, 25));
+        QCOMPARE(mixPixels(a, b, c, 0.0f), qRgb(10, 15, 20));
+        QCOMPARE(qAlpha(mixPixels(qRgba(255, 255, 255, 0), b, c, 1.0f)), 255);
+        QCOMPARE(mixPixels(qRgb(255, 255, 255), qRgb(255, 255, 255), qRgb(255, 255, 255), 0.3f),
+                 qRgb(127, 127, 127));
+    }
+
+    void heightChoosesTheBands_data() {
+        QTest::addColumn<float>("height");
+        QTest::addColumn<int>("own");
+        QTest::addColumn<int>("lower");
+        QTest::addColumn<int>("upper");
+        QTest::newRow("bottom") << 0.0f << 0 << 0 << 1;
+        QTest::newRow("band 1 middle") << 0.1f << 0 << 0 << 1;
+        QTest::newRow("band 2 middle") << 0.3f << 1 << 0 << 2;
+        QTest::newRow("band 3") << 0.47f << 2 << 1 << 3;
+        QTest::newRow("band 4") << 0.66f << 3 << 2 << 4;
+        QTest::newRow("band 5") << 0.93f << 4 << 3 << 4;
+        QTest::newRow("top") << 1.0f << 4 << 3 << 4;
+    }
+    void heightChoosesTheBands() {
+        QFETCH(float, height);
+        QFETCH(int, own);
+        QFETCH(int, lower);
+        QFETCH(int, upper);
+        QImage images[5];
+        bandTextures(images);
+        CTerrainData t;
+        const QRgb pixel = CHeighMapFactory(&t).getPixelAtNormalized(0.3f, 0.6f, height, images);
+        const float h = 5.0f * height; // the band position is kept in single precision
+        const double w = 2 * std::fabs(double(h) - std::floor(h) - 0.5);
+        QCOMPARE(pixel, expectedMix(images[own].pixel(0, 0), images[lower].pixel(0, 0),
+                                    images[upper].pixel(0, 0), w));
+    }
+
+    void texturesAreTiledFifteenTimes() {
+        QImage images[5];
+        for (QImage& im : images) {
+            im = QImage(7, 3, QImage::Format_RGB32);
+            for (int y = 0; y < 3; ++y)
+                for (int x = 0; x < 7; ++x)
+                    im.setPixel(x, y, qRgb(20 * x, 50 * y, 100));
+        }
+        CTerrainData t;
+        CHeighMapFactory f(&t);
+        // Height 0: the own texture alone at full weight.
+        for (float s : {0.0f, 0.01f, 0.25f, 0.5f, 0.99f}) {
+            for (float u : {0.0f, 0.03f, 0.4f, 0.77f}) {
+                const int imX = int(std::floor(7 * 15 * double(s) + 1e-9)) % 7;
+                const int imY = int(std::floor(3 * 15 * double(u) + 1e-9)) % 3;
+                QCOMPARE(f.getPixelAtNormalized(s, u, 0.0f, images),
+                         qRgb(20 * imX / 2, 50 * imY / 2, 50));
+            }
+        }
+    }
+
+    void orthoPhotoIsHalfBrightAndGridRowZeroIsAtTheBottom() {
+        CTerrainData t;
+        // Low ground (0) on grid rows 0 .. 49, the top (100) on rows 50 .. 99.
+        terraintest::reshape(t, 100, 100, [](int, int y) { return y < 50 ? 0.0f : 100.0f; });
+        std::unique_ptr<QImage> orto(t.heighMapFactory->produceOrtoFotoTexture());
+        QCOMPARE(orto->size(), QSize(128, 128));
+        QCOMPARE(orto->format(), QImage::Format_RGB32);
+        for (int y = 0; y < 128; ++y) {
+            for (int x = 0; x < 128; ++x) {
+                const QRgb p = orto->pixel(x, y);
+                QVERIFY(qRed(p) <= 127 && qGreen(p) <= 127 && qBlue(p) <= 127);
+            }
+        }
+        // Image rows 64 .. 127 show grid rows 0 .. 49. Heights 0 and 1 take one
+        // texture at full weight, band 1 and band 5: read them back through the
+        // colour rule with the textures the program uses, when it has them.
+        QImage bands[5];
+        bool realTextures = true;
+        for (int i = 0; i < 5; ++i) {
+            bands[i] = QImage(QString(":/gui/textures/height%1.jpg").arg(i + 1));
+            realTextures = realTextures && !bands[i].isNull();
+        }
+        if (realTextures) {
+            for (int y = 0; y < 128; ++y)
+                for (int x = 0; x < 128; ++x)
+                    QCOMPARE(orto->pixel(x, 127 - y),
+                             t.heighMapFactory->getPixelAtNormalized(x / 128.0f, y / 128.0f,
+                                                                     y < 64 ? 0.0f : 1.0f, bands));
+        } else {
+            // Without them each band is one plain colour.
+            const QRgb low = orto->pixel(0, 127), high = orto->pixel(0, 0);
+            QVERIFY(low != high);
+            for (int y = 0; y < 128; ++y)
+                for (int x = 0; x < 128; ++x)
+                    QCOMPARE(orto->pixel(x, y), y >= 64 ? low : high);
+        }
+    }
+
+    void defaultOrthoPhotoChannelsStayAtHalf() {
+        CTerrainData t;
+        const QImage& orto = *t.ortofotoTexture;
+        QCOMPARE(orto.size(), QSize(128, 128));
+        int distinct = 0;
+        QRgb previous = 0;
+        for (int y = 0; y < 128; ++y) {
+            for (int x = 0; x < 128; ++x) {
+                const QRgb p = orto.pixel(x, y);
+                QVERIFY(qRed(p) <= 127 && qGreen(p) <= 127 && qBlue(p) <= 127);
+                distinct += p != previous ? 1 : 0;
+                previous = p;
+            }
+        }
+        QVERIFY(distinct > 100); // it does show the terrain
+    }
+};
+
+QTEST_GUILESS_MAIN(TestHeighMapFactory)
+#include "tst_heighmapfactory.moc"

@@ -1,0 +1,94 @@
+#include "ecosystem/simulation/data/terraindata.h"
+#include "ecosystem/simulation/data/windfactory.h"
+
+#include "ecosystem/simulation/data/terrainfixture.h"
+
+#include <QtTest>
+
+#include <cmath>
+
+using arbo::Tocka2D;
+using ecosystem::data::CTerrainData;
+using ecosystem::data::CWindFactory;
+
+class TestWindFactory : public QObject {
+    Q_OBJECT
+private slots:
+    void defaults() {
+        CTerrainData t;
+        CWindFactory w(t);
+        QCOMPARE(w.getWindVector().x, 0.0);
+        QCOMPARE(w.getWindVector().y, 1.0);
+        QCOMPARE(w.getWindFallRadius(), 10);
+        QCOMPARE(w.getWindFallAngle(), 0.6981317f);
+    }
+
+    void flatTerrainIsExposedEverywhere() {
+        CTerrainData t;
+        terraintest::reshape(t, 8, 12, [](int, int) { return 5.0f; });
+        CWindFactory(t).buildWindiness();
+        for (float v : t.terrainWindiness)
+            QCOMPARE(v, 1.0f);
+    }
+
+    void stepsUpwindTowardsRowZero() {
+        CTerrainData t;
+        terraintest::reshape(t, 4, 4, [](int, int) { return 0.0f; });
+        CWindFactory w(t);
+        Tocka2D p(2, 1);
+        QVERIFY(w.getNextVertex(p));
+        QCOMPARE(p.x, 2.0);
+        QCOMPARE(p.y, 0.0);
+        QVERIFY(!w.getNextVertex(p));
+    }
+
+    void upwindRiseShelters() {
+        CTerrainData t;
+        // Column 1: 25 m rise one row upwind of row 5 (45 degrees).
+        // Column 2: 10 m rise one row upwind of row 5, nothing higher beyond.
+        // Column 3: a 1000 m tower ten rows upwind of row 12.
+        // Column 4: the same tower eleven rows upwind of row 13.
+        terraintest::reshape(t, 6, 16, [](int x, int y) {
+            if (x == 1 && y == 4)
+                return 25.0f;
+            if (x == 2 && y == 4)
+                return 10.0f;
+            if ((x == 3 || x == 4) && y == 2)
+                return 1000.0f;
+            return 0.0f;
+        });
+        CWindFactory(t).buildWindiness();
+        auto wind = [&](int x, int y) { return t.terrainWindiness[x + y * 6]; };
+        QCOMPARE(wind(1, 5), 0.0f);
+        QVERIFY(std::fabs(wind(2, 5) - (1.0 - std::atan(0.4) / 0.6981317)) < 1e-5);
+        QVERIFY(std::fabs(wind(2, 5) - 0.455f) < 1e-3f);
+        QCOMPARE(wind(3, 12), 0.0f);
+        QCOMPARE(wind(4, 13), 1.0f);
+        // Terrain lower than the vertex never shelters it: the top of the rise.
+        QCOMPARE(wind(2, 4), 1.0f);
+        for (int x = 0; x < 6; ++x)
+            QCOMPARE(wind(x, 0), 1.0f);
+    }
+
+    void raysScaleWithTheTerrainBox() {
+        CTerrainData t;
+        terraintest::reshape(t, 3, 6, [](int x, int y) { return x == 1 && y == 2 ? 10.0f : 0.0f; });
+        t.dimen.z = 50.0f * 6; // 50 m per row: the rise is atan(10 / 50)
+        CWindFactory w(t);
+        Tocka2D start(1, 3);
+        QVERIFY(std::fabs(w.calculateWindness(start) - (1.0 - std::atan(0.2) / 0.6981317)) < 1e-5);
+    }
+
+    void stillWindLeavesEverythingExposed() {
+        CTerrainData t;
+        terraintest::reshape(t, 4, 4, [](int x, int y) { return float(x * y * 30); });
+        CWindFactory w(t);
+        w.windVector = Tocka2D(0, 0);
+        w.buildWindiness();
+        for (float v : t.terrainWindiness)
+            QCOMPARE(v, 1.0f);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestWindFactory)
+#include "tst_windfactory.moc"

@@ -1,0 +1,402 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="sl_SI">
+<context>
+    <name>CHeighMapFactory</name>
+    <message>
+        <source>Error</source>
+        <translation>Napaka</translation>
+    </message>
+    <message>
+        <source>Could not open DEM terrain file.</source>
+        <translation>Datoteke z DMR terena ni bilo mogoče odpreti.</translation>
+    </message>
+    <message>
+        <source>Error reading DEM terrain file.</source>
+        <translation>Napaka pri branju datoteke z DMR terena.</translation>
+    </message>
+</context>
+<context>
+    <name>EcosystemRender</name>
+    <message>
+        <source>Error</source>
+        <translation>Napaka</translation>
+    </message>
+    <message>
+        <source>Could not open bark texture file.</source>
+        <translation>Datoteke s teksturo lubja ni bilo mogoče odpreti.</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Bosket</source>
+        <translation>Bosket</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Izhod</translation>
+    </message>
+    <message>
+        <source>&amp;Add view</source>
+        <translation>&amp;Dodaj pogled</translation>
+    </message>
+    <message>
+        <source>Usage</source>
+        <translation>Uporaba</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;O programu</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datoteka</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Urejanje</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Pogled</translation>
+    </message>
+    <message>
+        <source>&amp;Navigation</source>
+        <translation>&amp;Navigacija</translation>
+    </message>
+    <message>
+        <source>Tree &amp;animation</source>
+        <translation>&amp;Animacija drevesa</translation>
+    </message>
+    <message>
+        <source>&amp;Ecosystem simulation</source>
+        <translation>&amp;Simulacija ekosistema</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>Po&amp;moč</translation>
+    </message>
+    <message>
+        <source>Tree tools</source>
+        <translation>Orodja za drevo</translation>
+    </message>
+    <message>
+        <source>Ecosystem tools</source>
+        <translation>Orodja za ekosistem</translation>
+    </message>
+    <message>
+        <source>Select &amp;next tree parameters (tree edit mode)</source>
+        <translation>Izberi &amp;naslednje parametre drevesa (urejanje drevesa)</translation>
+    </message>
+    <message>
+        <source>&amp;Enlarge leave size</source>
+        <translation>&amp;Povečaj liste</translation>
+    </message>
+    <message>
+        <source>&amp;Reduce leave size</source>
+        <translation>&amp;Zmanjšaj liste</translation>
+    </message>
+    <message>
+        <source>Show &amp;ecosystem</source>
+        <translation>Prikaži &amp;ekosistem</translation>
+    </message>
+    <message>
+        <source>G&amp;row tree</source>
+        <translation>&amp;Rast drevesa</translation>
+    </message>
+    <message>
+        <source>&amp;Spin tree</source>
+        <translation>&amp;Vrtenje drevesa</translation>
+    </message>
+    <message>
+        <source>Sway tree in &amp;wind</source>
+        <translation>Zibanje drevesa v &amp;vetru</translation>
+    </message>
+    <message>
+        <source>&amp;Run simulation</source>
+        <translation>&amp;Zaženi simulacijo</translation>
+    </message>
+    <message>
+        <source>Load simulation</source>
+        <translation>Naloži simulacijo</translation>
+    </message>
+    <message>
+        <source>Save simulation</source>
+        <translation>Shrani simulacijo</translation>
+    </message>
+    <message>
+        <source>Autosave simulation</source>
+        <translation>Samodejno shranjuj simulacijo</translation>
+    </message>
+    <message>
+        <source>Set plant area</source>
+        <translation>Nastavi območje rastlin</translation>
+    </message>
+    <message>
+        <source>Edit random generator seeds</source>
+        <translation>Uredi semena generatorja naključnih števil</translation>
+    </message>
+    <message>
+        <source>Compute &amp;more simulation steps per one rendered frame</source>
+        <translation>Izračunaj &amp;več korakov simulacije na izrisano sliko</translation>
+    </message>
+    <message>
+        <source>Compute &amp;less simulation steps per one rendered frame</source>
+        <translation>Izračunaj &amp;manj korakov simulacije na izrisano sliko</translation>
+    </message>
+    <message>
+        <source>Move faster</source>
+        <translation>Hitrejši premik</translation>
+    </message>
+    <message>
+        <source>Move slower</source>
+        <translation>Počasnejši premik</translation>
+    </message>
+    <message>
+        <source>&amp;Navigation panel</source>
+        <translation>&amp;Navigacijska plošča</translation>
+    </message>
+    <message>
+        <source>Switch to next predefined camera (ecosystem mode)</source>
+        <translation>Preklopi na naslednjo vnaprej določeno kamero (ekosistem)</translation>
+    </message>
+    <message>
+        <source>Save camera as predefined</source>
+        <translation>Shrani kamero kot vnaprej določeno</translation>
+    </message>
+    <message>
+        <source>Reset camera position and rotation</source>
+        <translation>Ponastavi položaj in zasuk kamere</translation>
+    </message>
+    <message>
+        <source>Keep camera position above terrain surface (ecosystem mode)</source>
+        <translation>Kamera ostane nad površjem terena (ekosistem)</translation>
+    </message>
+    <message>
+        <source>Force camera position at terrain surface (ecosystem mode)</source>
+        <translation>Kamera na površju terena (ekosistem)</translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation>Premik gor</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>Premik dol</translation>
+    </message>
+    <message>
+        <source>Move left</source>
+        <translation>Premik levo</translation>
+    </message>
+    <message>
+        <source>Move right</source>
+        <translation>Premik desno</translation>
+    </message>
+    <message>
+        <source>Move forward</source>
+        <translation>Premik naprej</translation>
+    </message>
+    <message>
+        <source>Move backward</source>
+        <translation>Premik nazaj</translation>
+    </message>
+    <message>
+        <source>Rotate left</source>
+        <translation>Zasuk levo</translation>
+    </message>
+    <message>
+        <source>Rotate right</source>
+        <translation>Zasuk desno</translation>
+    </message>
+    <message>
+        <source>Rotate up</source>
+        <translation>Zasuk gor</translation>
+    </message>
+    <message>
+        <source>Rotate down</source>
+        <translation>Zasuk dol</translation>
+    </message>
+    <message>
+        <source>Rotate in</source>
+        <translation>Nagib noter</translation>
+    </message>
+    <message>
+        <source>Rotate out</source>
+        <translation>Nagib ven</translation>
+    </message>
+    <message>
+        <source>Move up more</source>
+        <translation>Večji premik gor</translation>
+    </message>
+    <message>
+        <source>Move down more</source>
+        <translation>Večji premik dol</translation>
+    </message>
+    <message>
+        <source>Move left more</source>
+        <translation>Večji premik levo</translation>
+    </message>
+    <message>
+        <source>Move right more</source>
+        <translation>Večji premik desno</translation>
+    </message>
+    <message>
+        <source>Move forward more</source>
+        <translation>Večji premik naprej</translation>
+    </message>
+    <message>
+        <source>Move backward more</source>
+        <translation>Večji premik nazaj</translation>
+    </message>
+    <message>
+        <source>Move up less</source>
+        <translation>Manjši premik gor</translation>
+    </message>
+    <message>
+        <source>Move down less</source>
+        <translation>Manjši premik dol</translation>
+    </message>
+    <message>
+        <source>Move left less</source>
+        <translation>Manjši premik levo</translation>
+    </message>
+    <message>
+        <source>Move right less</source>
+        <translation>Manjši premik desno</translation>
+    </message>
+    <message>
+        <source>Move forward less</source>
+        <translation>Manjši premik naprej</translation>
+    </message>
+    <message>
+        <source>Move backward less</source>
+        <translation>Manjši premik nazaj</translation>
+    </message>
+</context>
+<context>
+    <name>ecosystem::CEcosystemSimulation</name>
+    <message>
+        <source>Could not save simulation file.</source>
+        <translation>Datoteke s simulacijo ni bilo mogoče shraniti.</translation>
+    </message>
+    <message>
+        <source>Could not open simulation file.</source>
+        <translation>Datoteke s simulacijo ni bilo mogoče odpreti.</translation>
+    </message>
+    <message>
+        <source>The simulation file has another number of species.</source>
+        <translation>Datoteka s simulacijo ima drugačno število vrst.</translation>
+    </message>
+    <message>
+        <source>The simulation file is damaged.</source>
+        <translation>Datoteka s simulacijo je poškodovana.</translation>
+    </message>
+</context>
+<context>
+    <name>gui::About</name>
+    <message>
+        <source>About Virela</source>
+        <translation>O programu Virela</translation>
+    </message>
+    <message>
+        <source>&lt;h2&gt;Virela&lt;/h2&gt;&lt;p&gt;Bosket is an OpenGL application for modeling, rendering, animation and simulation of natural tree ecosystem.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Trees.&lt;/b&gt; Every tree is grown procedurally from a small set of parameters and twelve distribution curves: strands split at every branching, branches bend towards or away from the ground, and leaves gather at the branch ends. A tree can be grown from nothing, spun and swayed in the wind, saved and loaded as a parameter file, and exported as vertex geometry or images.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Ecosystems.&lt;/b&gt; Five plant species (a shrub, a weeping willow, a maple, a spruce and a beech) settle on a real landscape read from a digital elevation model. For every point of the terrain the program derives slope, sunniness over one day with terrain shadows, exposure to wind and moisture from rain running downhill. Plants are sown, grow, compete for space and die step by step; thirteen seeded random streams make every run repeatable. Walk or fly over the landscape while the simulation runs, and follow its statistics.&lt;/p&gt;</source>
+        <translation>&lt;h2&gt;Virela&lt;/h2&gt;&lt;p&gt;Bosket je aplikacija OpenGL za modeliranje, upodabljanje, animacijo in simulacijo naravnega drevesnega ekosistema.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Drevesa.&lt;/b&gt; Vsako drevo zraste proceduralno iz majhnega nabora parametrov in dvanajstih porazdelitvenih krivulj: žile se delijo ob vsaki razvejitvi, veje se upogibajo proti tlom ali od njih, listi se zberejo na koncih vej. Drevo lahko zraste iz nič, se vrti in ziblje v vetru, se shrani in naloži kot datoteka parametrov ter izvozi kot geometrija oglišč ali slike.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Ekosistemi.&lt;/b&gt; Pet rastlinskih vrst (grm, žalujka, javor, smreka in bukev) poseljuje resnično pokrajino, prebrano iz digitalnega modela reliefa. Za vsako točko terena program izračuna naklon, osončenost v enem dnevu s sencami terena, izpostavljenost vetru in vlažnost iz dežja, ki odteka po pobočju. Rastline se sejejo, rastejo, tekmujejo za prostor in odmirajo korak za korakom; trinajst tokov naključnih števil s semeni naredi vsak tek ponovljiv. Med simulacijo se sprehajajte ali letite nad pokrajino in spremljajte njeno statistiko.&lt;/p&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>gui::Help</name>
+    <message>
+        <source>&lt;h3&gt;The tree model&lt;/h3&gt;&lt;p&gt;A tree is grown from its trunk base upwards, segment by segment. Two orders locate every segment: the &lt;b&gt;Gravelius order&lt;/b&gt; g is the branching order (0 for the trunk, one more each time growth passes into a side branch); the &lt;b&gt;Weibull order&lt;/b&gt; w is the depth, the number of segments from the root along the path. Every distribution is drawn as a pair of curves, one over g and one over w; the tree reads their product.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Strand distribution.&lt;/b&gt; The trunk is a bundle of strands (their number is the tree&apos;s age and sets its thickness). At every branching the strands are shared between the main branch and the side branch; the curve gives the share that stays in the main branch. A segment with few strands is thin; a branch with one strand ends and carries leaves.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Branching angles.&lt;/b&gt; The angle in degrees between the two branches of a split. Small angles give slim, upright crowns; large angles open the crown.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Branch lengths.&lt;/b&gt; The minimal and maximal relative branch length and the branch length scaling decide how long each segment grows.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Gravimorphism.&lt;/b&gt; How strongly, and in which direction (-180 to 180 degrees), branches of each order and depth turn towards or away from the ground: positive values lift them, negative values make them hang like a willow&apos;s. Gravicentralism keeps the central trunk upright.&lt;/p&gt;</source>
+        <translation>&lt;h3&gt;Model drevesa&lt;/h3&gt;&lt;p&gt;Drevo raste od vznožja debla navzgor, segment za segmentom. Vsak segment določata dva reda: &lt;b&gt;Graveliusov red&lt;/b&gt; g je red razvejitve (0 za deblo, za eno več vsakič, ko rast preide v stransko vejo); &lt;b&gt;Weibullov red&lt;/b&gt; w je globina, število segmentov od korenine po poti. Vsaka porazdelitev je narisana kot par krivulj, ena nad g in ena nad w; drevo bere njun produkt.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Porazdelitev žil.&lt;/b&gt; Deblo je snop žil (njihovo število je starost drevesa in določa njegovo debelino). Ob vsaki razvejitvi se žile razdelijo med glavno in stransko vejo; krivulja pove delež, ki ostane v glavni veji. Segment z malo žilami je tanek; veja z eno žilo se konča in nosi liste.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Koti razvejitve.&lt;/b&gt; Kot v stopinjah med vejama razvejitve. Majhni koti dajo vitke, pokončne krošnje; veliki koti krošnjo odprejo.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Dolžine vej.&lt;/b&gt; Najmanjša in največja relativna dolžina veje ter skaliranje dolžine določajo, kako dolg zraste vsak segment.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Gravimorfizem.&lt;/b&gt; Kako močno in v katero smer (od -180 do 180 stopinj) se veje posameznega reda in globine obračajo proti tlom ali od njih: pozitivne vrednosti jih dvigajo, negativne jih povesijo kot pri žalujki. Gravicentralizem ohranja osrednje deblo pokončno.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;Designing a tree&lt;/h3&gt;&lt;ol&gt;&lt;li&gt;Switch to tree edit mode (Space) and pick a starting tree (Ctrl+Space steps through the species and the default tree).&lt;/li&gt;&lt;li&gt;Set the tree&apos;s age, trunk height and thickness in the advanced tree properties.&lt;/li&gt;&lt;li&gt;Design the strand distribution first: it decides the skeleton.&lt;/li&gt;&lt;li&gt;Then the branching angles, the branch lengths and their scaling.&lt;/li&gt;&lt;li&gt;Then gravimorphism, to lift or bend the branches.&lt;/li&gt;&lt;li&gt;Finally the leaves (type, density, size: Q and A) and the bark and leaf textures; grow (R), spin (O) or sway (Y) the tree to judge it, and save its parameters.&lt;/li&gt;&lt;/ol&gt;</source>
+        <translation>&lt;h3&gt;Oblikovanje drevesa&lt;/h3&gt;&lt;ol&gt;&lt;li&gt;Preklopite v način urejanja drevesa (preslednica) in izberite začetno drevo (Ctrl+preslednica izbira med vrstami in privzetim drevesom).&lt;/li&gt;&lt;li&gt;V naprednih lastnostih drevesa nastavite starost drevesa, višino debla in debelino.&lt;/li&gt;&lt;li&gt;Najprej oblikujte porazdelitev žil: ta določi ogrodje.&lt;/li&gt;&lt;li&gt;Nato kote razvejitve, dolžine vej in njihovo skaliranje.&lt;/li&gt;&lt;li&gt;Nato gravimorfizem, da veje dvignete ali upognete.&lt;/li&gt;&lt;li&gt;Na koncu liste (vrsta, gostota, velikost: Q in A) ter teksturi lubja in listov; drevo rastite (R), vrtite (O) ali zibajte (Y), da ga ocenite, in shranite njegove parametre.&lt;/li&gt;&lt;/ol&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;Navigation&lt;/h3&gt;&lt;p&gt;In tree edit mode drag with the right mouse button to turn and tilt the tree, with the left button to move it nearer or farther.&lt;/p&gt;&lt;table cellspacing=&apos;4&apos;&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Up&lt;/b&gt;, &lt;b&gt;Down&lt;/b&gt;&lt;/td&gt;&lt;td&gt;move forward, backward&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Left&lt;/b&gt;, &lt;b&gt;Right&lt;/b&gt;&lt;/td&gt;&lt;td&gt;turn left, right&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Home&lt;/b&gt;, &lt;b&gt;End&lt;/b&gt;&lt;/td&gt;&lt;td&gt;look up, down&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Ins&lt;/b&gt;, &lt;b&gt;PgUp&lt;/b&gt;&lt;/td&gt;&lt;td&gt;roll in, out&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;,&lt;/b&gt; and &lt;b&gt;.&lt;/b&gt;&lt;/td&gt;&lt;td&gt;move up, down&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Del&lt;/b&gt;, &lt;b&gt;PgDown&lt;/b&gt;&lt;/td&gt;&lt;td&gt;move left, right&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Ctrl&lt;/b&gt; + key&lt;/td&gt;&lt;td&gt;move faster&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Alt&lt;/b&gt; + key&lt;/td&gt;&lt;td&gt;move slower&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Ctrl+0&lt;/b&gt;&lt;/td&gt;&lt;td&gt;next predefined camera&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Esc&lt;/b&gt;&lt;/td&gt;&lt;td&gt;reset the camera&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Ctrl+8&lt;/b&gt;, &lt;b&gt;Ctrl+9&lt;/b&gt;&lt;/td&gt;&lt;td&gt;keep the camera above the ground, or on it&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Space&lt;/b&gt;&lt;/td&gt;&lt;td&gt;switch between ecosystem and tree edit mode&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;F5&lt;/b&gt;&lt;/td&gt;&lt;td&gt;run or stop the simulation&lt;/td&gt;&lt;/tr&gt;&lt;/table&gt;&lt;p&gt;Key presses in the ecosystem add up: the camera glides and slowly comes to a stop.&lt;/p&gt;</source>
+        <translation>&lt;h3&gt;Navigacija&lt;/h3&gt;&lt;p&gt;V načinu urejanja drevesa z desnim gumbom miške drevo vrtite in nagibate, z levim ga približate ali oddaljite.&lt;/p&gt;&lt;table cellspacing=&apos;4&apos;&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Gor&lt;/b&gt;, &lt;b&gt;Dol&lt;/b&gt;&lt;/td&gt;&lt;td&gt;naprej, nazaj&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Levo&lt;/b&gt;, &lt;b&gt;Desno&lt;/b&gt;&lt;/td&gt;&lt;td&gt;obrat levo, desno&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Home&lt;/b&gt;, &lt;b&gt;End&lt;/b&gt;&lt;/td&gt;&lt;td&gt;pogled gor, dol&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Ins&lt;/b&gt;, &lt;b&gt;PgUp&lt;/b&gt;&lt;/td&gt;&lt;td&gt;nagib noter, ven&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;,&lt;/b&gt; in &lt;b&gt;.&lt;/b&gt;&lt;/td&gt;&lt;td&gt;premik gor, dol&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Del&lt;/b&gt;, &lt;b&gt;PgDown&lt;/b&gt;&lt;/td&gt;&lt;td&gt;premik levo, desno&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Ctrl&lt;/b&gt; + tipka&lt;/td&gt;&lt;td&gt;hitreje&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Alt&lt;/b&gt; + tipka&lt;/td&gt;&lt;td&gt;počasneje&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Ctrl+0&lt;/b&gt;&lt;/td&gt;&lt;td&gt;naslednja vnaprej določena kamera&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Esc&lt;/b&gt;&lt;/td&gt;&lt;td&gt;ponastavi kamero&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;Ctrl+8&lt;/b&gt;, &lt;b&gt;Ctrl+9&lt;/b&gt;&lt;/td&gt;&lt;td&gt;kamera nad tlemi ali na tleh&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;preslednica&lt;/b&gt;&lt;/td&gt;&lt;td&gt;preklop med ekosistemom in urejanjem drevesa&lt;/td&gt;&lt;/tr&gt;&lt;tr&gt;&lt;td&gt;&lt;b&gt;F5&lt;/b&gt;&lt;/td&gt;&lt;td&gt;zaženi ali ustavi simulacijo&lt;/td&gt;&lt;/tr&gt;&lt;/table&gt;&lt;p&gt;Pritiski tipk v ekosistemu se seštevajo: kamera drsi in se počasi ustavi.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Bosket Help</source>
+        <translation>Pomoč za Bosket</translation>
+    </message>
+</context>
+<context>
+    <name>gui::OglWidget</name>
+    <message>
+        <source>OpenGL Extensions</source>
+        <translation>Razširitve OpenGL</translation>
+    </message>
+    <message>
+        <source>Could not query for supported OpenGL extensions, extensions will not be supported.</source>
+        <translation>Podprtih razširitev OpenGL ni bilo mogoče poizvedeti, razširitve ne bodo podprte.</translation>
+    </message>
+    <message>
+        <source>Compiled vertex array is not supported with this driver, using failover.</source>
+        <translation>Ta gonilnik ne podpira prevedenih tabel oglišč, uporabljam nadomestno pot.</translation>
+    </message>
+</context>
+<context>
+    <name>gui::PlantArea</name>
+    <message>
+        <source>Plant area setup</source>
+        <translation>Nastavitev območja rastlin</translation>
+    </message>
+    <message>
+        <source>Minimum x:</source>
+        <translation>Najmanjši x:</translation>
+    </message>
+    <message>
+        <source>Maximum x:</source>
+        <translation>Največji x:</translation>
+    </message>
+    <message>
+        <source>Minimum y:</source>
+        <translation>Najmanjši y:</translation>
+    </message>
+    <message>
+        <source>Maximum y:</source>
+        <translation>Največji y:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>V redu</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Prekliči</translation>
+    </message>
+</context>
+<context>
+    <name>gui::TextDialog</name>
+    <message>
+        <source>OK</source>
+        <translation>V redu</translation>
+    </message>
+</context>
+<context>
+    <name>gui::actionhandling::FileHandler</name>
+    <message>
+        <source>Error</source>
+        <translation>Napaka</translation>
+    </message>
+    <message>
+        <source>First run simulation please.</source>
+        <translation>Najprej zaženite simulacijo.</translation>
+    </message>
+    <message>
+        <source>Choose a simulation file to open</source>
+        <translation>Izberite datoteko s simulacijo</translation>
+    </message>
+    <message>
+        <source>Simulation files (*.sim)</source>
+        <translation>Datoteke s simulacijo (*.sim)</translation>
+    </message>
+    <message>
+        <source>Choose a filename to save under</source>
+        <translation>Izberite ime datoteke za shranjevanje</translation>
+    </message>
+</context>
+</TS>
