@@ -26,8 +26,9 @@ CEcosystemSimulation* CEcosystemSimulation::myStaticPtr = nullptr;
 int CEcosystemSimulation::casPobijanjaDominiranihRastlin = 0;
 
 namespace {
-QString tr(const char* text) {
-    return QCoreApplication::translate("CEcosystemSimulation", text);
+void sporociNapako(const char* besedilo) {
+    arbo::showUserMessage(
+        "Error", QCoreApplication::translate("CEcosystemSimulation", besedilo).toStdString());
 }
 } // namespace
 
@@ -293,7 +294,7 @@ void CEcosystemSimulation::saveSimulation(const std::string& fileName) {
         datoteka.write(besedilo.data(), qint64(besedilo.size())) == qint64(besedilo.size()) &&
         datoteka.commit();
     if (!zapisano) {
-        arbo::showUserMessage("Error", tr("Could not save simulation file.").toStdString());
+        sporociNapako(QT_TRANSLATE_NOOP("CEcosystemSimulation", "Could not save simulation file."));
         return;
     }
     std::cout << "Simulation @ step " << simulationStepNr << "successfouly saved" << std::endl;
@@ -310,15 +311,15 @@ void CEcosystemSimulation::loadSimulation(const std::string& filename) {
         // What cannot be read has no species, which never matches a running simulation.
         if (!rastlinskeVrste.empty())
             std::cerr << "Number of species size mismatch!" << std::endl;
-        arbo::showUserMessage("Error", tr("Could not open simulation file.").toStdString());
+        sporociNapako(QT_TRANSLATE_NOOP("CEcosystemSimulation", "Could not open simulation file."));
         return;
     case CSimulationFile::Izid::NapacnoSteviloVrst:
         std::cerr << "Number of species size mismatch!" << std::endl;
-        arbo::showUserMessage(
-            "Error", tr("The simulation file has another number of species.").toStdString());
+        sporociNapako(QT_TRANSLATE_NOOP("CEcosystemSimulation",
+                                        "The simulation file has another number of species."));
         return;
     case CSimulationFile::Izid::Pokvarjena:
-        arbo::showUserMessage("Error", tr("The simulation file is damaged.").toStdString());
+        sporociNapako(QT_TRANSLATE_NOOP("CEcosystemSimulation", "The simulation file is damaged."));
         return;
     }
     prevzemiSimulacijo(vsebina);
