@@ -8,10 +8,23 @@
 #include <tuple>
 #include <utility>
 
+#if defined(__GNUC__)
+#define VIRELA_PREFETCH(p) __builtin_prefetch(p)
+#else
+#define VIRELA_PREFETCH(p) ((void)(p))
+#endif
+
 namespace ecosystem {
 
 using simulationEntities::CRastlina;
 using simulationEntities::CVrstaRastlin;
+
+namespace {
+// Crowns farther apart on the ground than this reach cannot overlap, whatever
+// the heights; the margin lies far above float rounding.
+constexpr double rob = 1.0 + 1e-5;
+constexpr double robDodatek = 1e-3;
+} // namespace
 
 void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int polSirina,
                             int stTockX) {
@@ -35,10 +48,13 @@ void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int pol
         minX = maxX = minZ = maxZ = 0;
     dolociPredale(stRastlin);
 
+    // Counting sort by bucket; vrstniRed first holds each plant's bucket.
+    vrstniRed.resize(stRastlin);
     predali.assign(size_t(stPredalovX) * stPredalovZ + 1, {0, -INFINITY});
+    int k = 0;
     for (CVrstaRastlin& vrsta : rastlinskeVrste)
         for (const CRastlina& r : vrsta.ziviPrimerkiTeVrste)
-            ++predali[predal(r) + 1].zacetek;
+            ++predali[(vrstniRed[k++] = predal(r)) + 1].zacetek;
     for (size_t i = 1; i < predali.size(); ++i)
         predali[i].zacetek += predali[i - 1].zacetek;
 
@@ -47,17 +63,24 @@ void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int pol
     naslednji.resize(predali.size() - 1);
     for (size_t i = 0; i + 1 < predali.size(); ++i)
         naslednji[i] = predali[i].zacetek;
+    k = 0;
     for (CVrstaRastlin& vrsta : rastlinskeVrste) {
         for (CRastlina& r : vrsta.ziviPrimerkiTeVrste) {
-            const int p = predal(r);
+            const int p = vrstniRed[k];
             const float moc = r.trenutnaMoc * vrsta.vplivMoci;
             const int i = naslednji[p]++;
-            zapisi[i] = {r.pozicija3D.x, r.pozicija3D.z, r.trenutniRadij, moc, &r};
-            podrobnosti[i] = {r.pozicija3D.y, r.pozicijaMap2D.y * stTockX + r.pozicijaMap2D.x};
+            zapisi[i] = {r.pozicija3D.x, r.pozicija3D.z, r.trenutniRadij, moc};
+            podrobnosti[i] = {r.pozicija3D.y, r.pozicijaMap2D.y * stTockX + r.pozicijaMap2D.x, k,
+                              &r};
             predali[p].maxMoc = std::max(predali[p].maxMoc, moc);
+            ++k;
         }
     }
     razvrstiPoMoci();
+    for (int i = 0; i < stRastlin; ++i)
+        vrstniRed[podrobnosti[i].zaporedna] = i;
+    trenutna = -1;
+    trenutniZapis = -1;
 }
 
 // Within a bucket the strongest come first, so a scan stops at the first weaker one.
@@ -71,8 +94,8 @@ void CDominanceGrid::razvrstiPoMoci() {
         predal.clear();
         for (int i = zacetek; i < konec; ++i)
             predal.emplace_back(zapisi[i], podrobnosti[i]);
-        std::sort(predal.begin(), predal.end(),
-                  [](const auto& a, const auto& b) { return a.first.moc > b.first.moc; });
+        std::stable_sort(predal.begin(), predal.end(),
+                         [](const auto& a, const auto& b) { return a.first.moc > b.first.moc; });
         for (int i = zacetek; i < konec; ++i)
             std::tie(zapisi[i], podrobnosti[i]) = predal[i - zacetek];
     }
@@ -105,14 +128,61 @@ int CDominanceGrid::predal(const CRastlina& rastlina) const {
     return predalZ(rastlina.pozicija3D.z) * stPredalovX + predalX(rastlina.pozicija3D.x);
 }
 
-void CDominanceGrid::odstrani(const CRastlina& rastlina) {
+int CDominanceGrid::poisciZapis(const CRastlina& rastlina) const {
     const int p = predal(rastlina);
-    for (int i = predali[p].zacetek; i < predali[p + 1].zacetek; ++i) {
-        if (zapisi[i].rastlina == &rastlina) {
-            zapisi[i].moc = -INFINITY; // weaker than any plant: never dominates again
-            return;
+    for (int i = predali[p].zacetek; i < predali[p + 1].zacetek; ++i)
+        if (podrobnosti[i].rastlina == &rastlina)
+            return i;
+    return -1;
+}
+
+double CDominanceGrid::doseg(float radij) const {
+    return (double(radij) + najvecjiRadij) * rob + robDodatek;
+}
+
+// Three places ahead the plant's own record is fetched, two places ahead the
+// bucket headers of its search rows, one place ahead the records they start.
+void CDominanceGrid::pripraviVnaprej(int zaporedna) const {
+    const int n = int(vrstniRed.size());
+    if (zaporedna + 24 < n) {
+        VIRELA_PREFETCH(&zapisi[vrstniRed[zaporedna + 24]]);
+        VIRELA_PREFETCH(&podrobnosti[vrstniRed[zaporedna + 24]]);
+    }
+    for (int korak : {16, 8}) {
+        if (zaporedna + korak >= n)
+            continue;
+        const Zapis& z = zapisi[vrstniRed[zaporedna + korak]];
+        const double d = doseg(z.radij);
+        const int x0 = predalX(z.x - d);
+        const int z0 = predalZ(z.z - d), z1 = predalZ(z.z + d);
+        for (int pz = z0; pz <= z1; ++pz) {
+            const Predal& glava = predali[pz * stPredalovX + x0];
+            if (korak == 16)
+                VIRELA_PREFETCH(&glava);
+            else
+                VIRELA_PREFETCH(&zapisi[std::min(glava.zacetek, n - 1)]);
         }
     }
+}
+
+void CDominanceGrid::naslednjaRastlina(const CRastlina& rastlina) {
+    ++trenutna;
+    trenutniZapis = -1;
+    if (trenutna < int(vrstniRed.size()) &&
+        podrobnosti[vrstniRed[trenutna]].rastlina == &rastlina) {
+        trenutniZapis = vrstniRed[trenutna];
+        pripraviVnaprej(trenutna);
+    } else {
+        trenutniZapis = poisciZapis(rastlina); // announced out of order
+    }
+}
+
+void CDominanceGrid::odstrani(const CRastlina& rastlina) {
+    const int i = trenutniZapis >= 0 && podrobnosti[trenutniZapis].rastlina == &rastlina
+                      ? trenutniZapis
+                      : poisciZapis(rastlina);
+    if (i >= 0)
+        zapisi[i].moc = -INFINITY; // weaker than any plant: never dominates again
 }
 
 bool CDominanceGrid::vCelicahIskanja(int celica, int celicaX, int celicaY) const {
@@ -133,33 +203,33 @@ bool CDominanceGrid::sePrekrivata(const CRastlina& rastlina, const Zapis& sosed,
 bool CDominanceGrid::imaDominantnegaSoseda(CRastlina& rastlina) const {
     if (zapisi.empty())
         return false;
+    const int jaz = trenutniZapis >= 0 && podrobnosti[trenutniZapis].rastlina == &rastlina
+                        ? trenutniZapis
+                        : poisciZapis(rastlina);
     const float moc = rastlina.trenutnaMoc * rastlina.vrstaRastline->vplivMoci;
-    // Crowns farther apart on the ground than the two radii (with a margin far
-    // above float rounding) cannot overlap, whatever the heights.
-    const double rob = 1.0 + 1e-5;
-    const double doseg = (double(rastlina.trenutniRadij) + najvecjiRadij) * rob + 1e-3;
+    const double d = doseg(rastlina.trenutniRadij);
     const double x = rastlina.pozicija3D.x;
     const double z = rastlina.pozicija3D.z;
-    const int x0 = predalX(x - doseg), x1 = predalX(x + doseg);
-    const int z0 = predalZ(z - doseg), z1 = predalZ(z + doseg);
+    const int x0 = predalX(x - d), x1 = predalX(x + d);
+    const int z0 = predalZ(z - d), z1 = predalZ(z + d);
     for (int pz = z0; pz <= z1; ++pz) {
         for (int p = pz * stPredalovX + x0; p <= pz * stPredalovX + x1; ++p) {
             if (!(predali[p].maxMoc >= moc))
                 continue;
             for (int i = predali[p].zacetek; i < predali[p + 1].zacetek; ++i) {
                 const Zapis& s = zapisi[i];
-                if (s.moc == -INFINITY || s.rastlina == &rastlina)
+                if (s.moc == -INFINITY || i == jaz)
                     continue; // died in this kill phase, or the plant itself
                 if (!(s.moc >= moc))
                     break; // the rest of the bucket is weaker
                 const double dx = double(s.x) - x;
                 const double dz = double(s.z) - z;
-                const double vsota = (double(rastlina.trenutniRadij) + s.radij) * rob + 1e-3;
+                const double vsota = (double(rastlina.trenutniRadij) + s.radij) * rob + robDodatek;
                 if (dx * dx + dz * dz > vsota * vsota)
                     continue;
-                const Podrobnosti& d = podrobnosti[i];
-                if (sePrekrivata(rastlina, s, d) &&
-                    vCelicahIskanja(d.celica, rastlina.pozicijaMap2D.x, rastlina.pozicijaMap2D.y))
+                const Podrobnosti& o = podrobnosti[i];
+                if (sePrekrivata(rastlina, s, o) &&
+                    vCelicahIskanja(o.celica, rastlina.pozicijaMap2D.x, rastlina.pozicijaMap2D.y))
                     return true;
             }
         }

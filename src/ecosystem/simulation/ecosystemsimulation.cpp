@@ -228,6 +228,8 @@ void CEcosystemSimulation::pobijRastline() {
 // a clock read per plant would cost more than many of the decisions.
 bool CEcosystemSimulation::umreSedaj(CRastlina& rastlina) {
     CEcosystemSimulation& simulacija = *myStaticPtr;
+    if (simulacija.lifeFactors.dominanceGrid)
+        simulacija.dominanceGrid.naslednjaRastlina(rastlina);
     const bool umre = simulacija.lifeFactors.umreSedaj(rastlina);
     if (umre) {
         std::vector<CRastlina*>& celica =
