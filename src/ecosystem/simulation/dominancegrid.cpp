@@ -48,7 +48,9 @@ void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int pol
         minX = maxX = minZ = maxZ = 0;
     dolociPredale(stRastlin);
 
-    // Counting sort by bucket; vrstniRed first holds each plant's bucket.
+    // Counting sort by bucket; vrstniRed first holds each plant's bucket, and
+    // each bucket's zacetek serves as its fill cursor, ending at the next
+    // bucket's start, so the starts are shifted back afterwards.
     vrstniRed.resize(stRastlin);
     predali.assign(size_t(stPredalovX) * stPredalovZ + 1, {0, -INFINITY});
     int k = 0;
@@ -60,32 +62,42 @@ void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int pol
 
     zapisi.resize(stRastlin);
     podrobnosti.resize(stRastlin);
-    naslednji.resize(predali.size() - 1);
-    for (size_t i = 0; i + 1 < predali.size(); ++i)
-        naslednji[i] = predali[i].zacetek;
     k = 0;
     for (CVrstaRastlin& vrsta : rastlinskeVrste) {
         for (CRastlina& r : vrsta.ziviPrimerkiTeVrste) {
             const int p = vrstniRed[k];
             const float moc = r.trenutnaMoc * vrsta.vplivMoci;
-            const int i = naslednji[p]++;
+            const int i = predali[p].zacetek++;
             zapisi[i] = {r.pozicija3D.x, r.pozicija3D.z, r.trenutniRadij, moc};
-            podrobnosti[i] = {r.pozicija3D.y, r.pozicijaMap2D.y * stTockX + r.pozicijaMap2D.x, k,
-                              &r};
+            podrobnosti[i].zaporedna = k; // the rest once the records are in place
             predali[p].maxMoc = std::max(predali[p].maxMoc, moc);
             ++k;
         }
     }
+    for (size_t p = predali.size() - 1; p > 0; --p)
+        predali[p].zacetek = predali[p - 1].zacetek;
+    predali[0].zacetek = 0;
     razvrstiPoMoci();
     for (int i = 0; i < stRastlin; ++i)
         vrstniRed[podrobnosti[i].zaporedna] = i;
+    k = 0;
+    for (CVrstaRastlin& vrsta : rastlinskeVrste) {
+        for (CRastlina& r : vrsta.ziviPrimerkiTeVrste) {
+            Podrobnosti& d = podrobnosti[vrstniRed[k++]];
+            d.y = r.pozicija3D.y;
+            d.celica = r.pozicijaMap2D.y * stTockX + r.pozicijaMap2D.x;
+            d.rastlina = &r;
+        }
+    }
     trenutna = -1;
     trenutniZapis = -1;
 }
 
-// Within a bucket the strongest come first, so a scan stops at the first weaker one.
+// Within a bucket the strongest come first, so a scan stops at the first
+// weaker one. Only the kill-order place travels along; the rest of the details
+// are filled in afterwards.
 void CDominanceGrid::razvrstiPoMoci() {
-    std::vector<std::pair<Zapis, Podrobnosti>> predal;
+    std::vector<std::pair<Zapis, int>> predal;
     for (size_t p = 0; p + 1 < predali.size(); ++p) {
         const int zacetek = predali[p].zacetek;
         const int konec = predali[p + 1].zacetek;
@@ -93,11 +105,11 @@ void CDominanceGrid::razvrstiPoMoci() {
             continue;
         predal.clear();
         for (int i = zacetek; i < konec; ++i)
-            predal.emplace_back(zapisi[i], podrobnosti[i]);
+            predal.emplace_back(zapisi[i], podrobnosti[i].zaporedna);
         std::stable_sort(predal.begin(), predal.end(),
                          [](const auto& a, const auto& b) { return a.first.moc > b.first.moc; });
         for (int i = zacetek; i < konec; ++i)
-            std::tie(zapisi[i], podrobnosti[i]) = predal[i - zacetek];
+            std::tie(zapisi[i], podrobnosti[i].zaporedna) = predal[i - zacetek];
     }
 }
 

@@ -39,9 +39,11 @@ private:
     };
     // ... and what only a neighbour near enough to overlap needs.
     struct Podrobnosti {
-        float y;       // with x and z a copy of pozicija3D
-        int celica;    // y * stTockX + x of pozicijaMap2D
-        int zaporedna; // place of the plant in the kill order
+        float y; // with x and z a copy of pozicija3D
+        union {
+            int celica;    // y * stTockX + x of pozicijaMap2D
+            int zaporedna; // while building: place of the plant in the kill order
+        };
         const simulationEntities::CRastlina* rastlina;
     };
     struct Predal {
@@ -65,7 +67,6 @@ private:
     std::vector<Podrobnosti> podrobnosti; // in step with zapisi
     std::vector<Predal> predali;          // one extra at the end
     std::vector<int> vrstniRed;           // record of the k-th plant of the kill order
-    std::vector<int> naslednji;           // fill cursor per bucket while building
     int trenutna = -1;                    // position in vrstniRed of the current plant
     int trenutniZapis = -1;               // its record
     double minX = 0, minZ = 0, maxX = 0, maxZ = 0;

@@ -92,7 +92,7 @@ void CVrstaRastlin::prevzemiRastline() {
 bool CVrstaRastlin::zgostiRastline() {
     const PlantArena& arena = *ziviPrimerkiTeVrste.get_allocator().arena;
     const std::size_t najmanj = 1 << 20; // small lists are left alone
-    if (arena.zasedenih() < najmanj || 4 * arena.zasedenih() <= 5 * arena.zivih())
+    if (arena.zasedenih() < najmanj || 8 * arena.zasedenih() <= 9 * arena.zivih())
         return false;
     // Each plant is copied and its old node freed at once, so emptied blocks go
     // back while the copy grows and the memory in use never doubles.

@@ -72,7 +72,7 @@ public:
                           const arbo::Tocka& pozicija3d);
     void dodajKomuliraneRastline(float dodanaKomulacija, std::vector<CRastlina*>* rastlinePoTerenu);
 
-    // Moves the plants, in order, into fresh memory when more than a fifth of
+    // Moves the plants, in order, into fresh memory when more than a ninth of
     // the memory held by the list is dead; true when they moved (the caller
     // must then rebuild every pointer to them).
     bool zgostiRastline();
