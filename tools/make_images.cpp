@@ -2,7 +2,9 @@
 // given as the only argument. Every image is computed from fixed seeds, so two runs write
 // identical files.
 
+#include "images/icons.h"
 #include "images/sky.h"
+#include "images/splash.h"
 #include "images/textures.h"
 
 #include <QDir>
@@ -11,6 +13,7 @@
 #include <QImageWriter>
 
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -62,5 +65,30 @@ int main(int argc, char** argv) {
     for (const auto& [face, name] : faces)
         ok &= save(images::makeSkyFace(face), textures + name);
     ok &= save(images::makeSkyGround(), textures + "sky_d.png");
+    using Draw = void (*)(QPainter&);
+    const std::pair<const char*, Draw> iconList[] = {
+        {"fileopen.png", images::iconFileOpen},
+        {"filesave.png", images::iconFileSave},
+        {"strands.png", images::iconStrands},
+        {"angles.png", images::iconAngles},
+        {"scaling.png", images::iconScaling},
+        {"gravimorphism.png", images::iconGravimorphism},
+        {"treescalars.png", images::iconTreeScalars},
+        {"ecosystem.png", images::iconEcosystem},
+        {"moistureness.png", images::iconMoisture},
+        {"sunniness.png", images::iconSunniness},
+        {"windiness.png", images::iconWindiness},
+        {"navigate.png", images::iconNavigate},
+        {"grow.png", images::iconGrow},
+        {"wind.png", images::iconWind},
+        {"play.png", images::iconPlay},
+        {"fileopenecosystem.png", images::iconFileOpenEcosystem},
+        {"filesaveecosystem.png", images::iconFileSaveEcosystem},
+        {"area.png", images::iconArea},
+        {"stats.png", images::iconStats}};
+    for (const auto& [name, draw] : iconList)
+        ok &= save(images::renderIcon(draw), icons + name);
+    ok &= save(images::makeAppIcon(), icons + "virela.png");
+    ok &= save(images::makeSplash(), icons + "splash.png");
     return ok ? 0 : 1;
 }

@@ -18,16 +18,14 @@ inline QImage makeBark() {
     // Furrows follow the zero lines of a vertically stretched noise: long, wavy and now and then
     // joining. Dividing the noise by its gradient gives the distance to the line in pixels, so
     // every furrow has about the same width.
-    Field wave(W, H), cells(W, H), cellId(W, H);
+    Field wave(W, H), plateTone(W, H);
     for (int y = 0; y < H; ++y)
         for (int x = 0; x < W; ++x) {
             const float u = (x + 0.5f) / W, v = (y + 0.5f) / H;
             const float warp = 0.35f * fbm(u * 3, v * 3, 3, 3, 0.5f, 11) +
                                0.04f * fbm(u * 24, v * 12, 24, 12, 2, 0.5f, 14);
             wave.at(x, y) = fbm(u * 10 + warp * 1.5f, v * 1, 10, 1, 2, 0.3f, 12);
-            const Cell c = cellular(u * 9 + warp, v * 5 + 0.5f * warp, 9, 5, 21, 0.9f);
-            cells.at(x, y) = c.f2 - c.f1;
-            cellId.at(x, y) = c.id;
+            plateTone.at(x, y) = 0.5f + 0.5f * fbm(u * 10 + warp * 1.5f, v * 3, 10, 3, 2, 0.5f, 22);
         }
     Field height(W, H), lichen(W, H), tone(W, H);
     for (int y = 0; y < H; ++y)
@@ -37,25 +35,22 @@ inline QImage makeBark() {
             const float gy = 0.5f * (wave.get(x, y + 1) - wave.get(x, y - 1));
             const float wobble = 1.0f * fbm(u * 32, v * 8, 32, 8, 3, 0.5f, 13);
             const float dist = std::fabs(wave.get(x, y)) / (std::hypot(gx, gy) + 1e-4f) + wobble;
-            const float ridge = smoothstep(1.0f, 9.0f, dist);
-            const float gx2 = 0.5f * (cells.get(x + 1, y) - cells.get(x - 1, y));
-            const float gy2 = 0.5f * (cells.get(x, y + 1) - cells.get(x, y - 1));
-            const float cdist = cells.get(x, y) / (std::hypot(gx2, gy2) + 1e-4f) + wobble;
-            const float breaks = smoothstep(0.0f, 2.5f, cdist);
+            const float width = 0.6f + 0.8f * (0.5f + 0.5f * fbm(u * 6, v * 2, 6, 2, 2, 0.5f, 15));
+            const float ridge = smoothstep(1.0f, 9.0f * width, dist);
             const float fibre = fbm(u * 64, v * 6, 64, 6, 3, 0.6f, 31);
-            const float rough = fbm(u * 24, v * 16, 24, 16, 4, 0.6f, 41);
-            const float plate = std::min(ridge, 0.72f + 0.28f * breaks);
-            height.at(x, y) = 0.8f * std::sqrt(plate) * (0.85f + 0.3f * cellId.get(x, y)) +
-                              0.07f * fibre + 0.16f * rough;
+            const float rough = fbm(u * 40, v * 20, 40, 20, 4, 0.6f, 41);
+            const float fine = fbm(u * 128, v * 64, 128, 64, 2, 0.5f, 42);
+            height.at(x, y) = 0.8f * std::sqrt(ridge) * (0.85f + 0.3f * plateTone.get(x, y)) +
+                              0.07f * fibre + 0.18f * rough + 0.07f * fine;
             lichen.at(x, y) = fbm(u * 5, v * 5, 5, 4, 0.55f, 51);
-            tone.at(x, y) = fbm(u * 12, v * 4, 12, 4, 4, 0.6f, 52);
+            tone.at(x, y) = fbm(u * 12, v * 4, 12, 4, 4, 0.6f, 52) + 0.5f * fibre;
         }
     QImage img(W, H, QImage::Format_RGB32);
     const Rgb furrow{38, 28, 21}, side{96, 74, 56}, top{128, 118, 104}, moss{112, 124, 84};
     for (int y = 0; y < H; ++y) {
         QRgb* line = reinterpret_cast<QRgb*>(img.scanLine(y));
         for (int x = 0; x < W; ++x) {
-            const float h = height.get(x, y) + 0.15f * tone.get(x, y);
+            const float h = height.get(x, y) + 0.25f * tone.get(x, y);
             Rgb c = h < 0.5f ? mixRgb(furrow, side, smoothstep(0.0f, 0.5f, h))
                              : mixRgb(side, top, smoothstep(0.45f, 0.95f, h));
             c = mixRgb(c, moss,
@@ -171,7 +166,7 @@ inline QImage makeDetail() {
             const Cell c = cellular(u * 40, v * 40, 40, 40, 83);
             const float pebble = (1.0f - smoothstep(0.15f, 0.35f, c.f1)) * (c.id - 0.5f);
             const float speck = unit(x, y, 84) - 0.5f;
-            const float val = 0.35f * broad + 0.35f * mid + 0.5f * pebble + 0.22f * speck;
+            const float val = 0.12f * broad + 0.4f * mid + 0.5f * pebble + 0.28f * speck;
             f.at(x, y) = val;
             sum += val;
         }
@@ -365,11 +360,11 @@ inline void paintBlades(QImage& img, const GroundStyle& s) {
 inline GroundStyle groundStyle(int band) {
     switch (band) {
     case 1: // lush meadow of the valley floor
-        return {{40, 86, 26},
-                {72, 128, 40},
-                {112, 160, 58},
-                {60, 120, 36},
-                {128, 172, 66},
+        return {{50, 88, 32},
+                {82, 126, 48},
+                {122, 156, 70},
+                {70, 118, 42},
+                {136, 168, 80},
                 2600,
                 7.0f,
                 {0, 0, 0},
@@ -443,6 +438,14 @@ inline QImage makeGround(int band) {
     paintBase(img, s);
     paintBlades(img, s);
     paintShrubs(img, s);
+    // The ortho-photo halves every colour; bright, sunlit ground keeps the terrain from
+    // looking murky.
+    const float gain[] = {1.25f, 1.2f, 1.15f, 1.15f, 1.1f};
+    for (int y = 0; y < img.height(); ++y) {
+        QRgb* line = reinterpret_cast<QRgb*>(img.scanLine(y));
+        for (int x = 0; x < img.width(); ++x)
+            line[x] = toQRgb(scaled(fromQRgb(line[x]), gain[band - 1]));
+    }
     return img;
 }
 

@@ -23,9 +23,10 @@ float elevationAngle(const CTerrainData& t, const Tocka2D& startingLocation,
     if (start.y > current.y)
         return -1.0f;
     const Tocka diff = current - start;
+    // Two vertices at one horizontal position (a terrain box of no extent) are
+    // a vertical rise: the tangent is infinite and the angle a right angle; one
+    // position against itself gives no angle (NaN), which is never the larger.
     const double horizontal = Tocka(diff.x, 0.0f, diff.z).dolzina();
-    if (horizontal == 0.0)
-        return -1.0f;
     const float tanAlpha = float(diff.y / horizontal);
     return float(std::atan(double(tanAlpha)));
 }

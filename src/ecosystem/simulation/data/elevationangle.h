@@ -13,8 +13,7 @@ class CTerrainData;
 arbo::Tocka worldPointOfGridPosition(const CTerrainData& terrainData, const arbo::Tocka2D& g);
 
 // Elevation angle (radians) from one grid position to another, as the sun and
-// wind rays see it: -1 when the start is the higher of the two, and -1 also
-// when the two share their horizontal position (nothing lies between them).
+// wind rays see it: -1 when the start is the higher of the two.
 float elevationAngle(const CTerrainData& terrainData, const arbo::Tocka2D& startingLocation,
                      const arbo::Tocka2D& currentLocation);
 

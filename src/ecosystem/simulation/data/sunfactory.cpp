@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -125,6 +126,12 @@ public:
                 std::hypot(double(s.direction.x) * scaleX, double(s.direction.z) * scaleZ);
             samples.push_back(s);
         }
+        // Rounding the world points to float moves a ray's horizontal distance
+        // by at most a few units in the last place of the largest coordinate;
+        // four times that is subtracted before a ray is cut short.
+        const double extentX = std::fabs(double(scaleX)) * t.stTockX;
+        const double extentZ = std::fabs(double(scaleZ)) * t.stTockY;
+        distanceSlack = std::ldexp(extentX + extentZ, -21);
     }
 
     double sunniness(int x, int y, const Tocka& normal) const {
@@ -166,7 +173,9 @@ private:
         if (s.lowerHides || !(s.hidingTangent > 0.0f) || std::isinf(s.hidingTangent))
             return false;
         const double rise = double(heightBound(gx, gy, s.direction)) - startHeight;
-        const double distance = steps * s.stepLength;
+        const double distance = steps * s.stepLength - distanceSlack;
+        if (!(distance > 0.0))
+            return false;
         return rise * 1.001 + 0.01 < double(s.hidingTangent) * distance * 0.999;
     }
 
@@ -193,8 +202,7 @@ private:
             return s.lowerHides;
         const Tocka diff = current - start;
         const double horizontal = Tocka(diff.x, 0.0f, diff.z).dolzina();
-        if (horizontal == 0.0)
-            return s.lowerHides;
+        // An infinite tangent hides as a right angle does; NaN hides nothing.
         return float(diff.y / horizontal) > s.hidingTangent;
     }
 
@@ -202,6 +210,7 @@ private:
     const CTerrainData& t;
     HeightBounds bounds;
     float scaleX, scaleZ;
+    double distanceSlack = 0.0; // metres a ray's horizontal distance may be off by
     std::vector<SunSample> samples;
 };
 
@@ -334,9 +343,18 @@ void CSunFactory::buildSunniness() {
             }
         }
     };
+    // Every vertex is computed on its own from shared read-only data and
+    // written to its own entry, so the layer does not depend on the threads.
+    // Stripes whose thread cannot be started are computed here.
     std::vector<std::thread> helpers;
-    for (int i = 1; i < nrThreads; ++i)
-        helpers.emplace_back(work, i);
+    int first = 1;
+    try {
+        for (; first < nrThreads; ++first)
+            helpers.emplace_back(work, first);
+    } catch (const std::system_error&) {
+    }
+    for (int i = first; i < nrThreads; ++i)
+        work(i);
     work(0);
     for (std::thread& helper : helpers)
         helper.join();
