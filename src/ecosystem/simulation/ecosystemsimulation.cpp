@@ -28,7 +28,8 @@ int CEcosystemSimulation::casPobijanjaDominiranihRastlin = 0;
 namespace {
 void sporociNapako(const char* besedilo) {
     arbo::showUserMessage(
-        "Error", QCoreApplication::translate("CEcosystemSimulation", besedilo).toStdString());
+        "Error",
+        QCoreApplication::translate("ecosystem::CEcosystemSimulation", besedilo).toStdString());
 }
 } // namespace
 
@@ -296,7 +297,8 @@ void CEcosystemSimulation::saveSimulation(const std::string& fileName) {
         datoteka.write(besedilo.data(), qint64(besedilo.size())) == qint64(besedilo.size()) &&
         datoteka.commit();
     if (!zapisano) {
-        sporociNapako(QT_TRANSLATE_NOOP("CEcosystemSimulation", "Could not save simulation file."));
+        sporociNapako(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation",
+                                        "Could not save simulation file."));
         return;
     }
     std::cout << "Simulation @ step " << simulationStepNr << "successfouly saved" << std::endl;
@@ -313,15 +315,17 @@ void CEcosystemSimulation::loadSimulation(const std::string& filename) {
         // What cannot be read has no species, which never matches a running simulation.
         if (!rastlinskeVrste.empty())
             std::cerr << "Number of species size mismatch!" << std::endl;
-        sporociNapako(QT_TRANSLATE_NOOP("CEcosystemSimulation", "Could not open simulation file."));
+        sporociNapako(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation",
+                                        "Could not open simulation file."));
         return;
     case CSimulationFile::Izid::NapacnoSteviloVrst:
         std::cerr << "Number of species size mismatch!" << std::endl;
-        sporociNapako(QT_TRANSLATE_NOOP("CEcosystemSimulation",
+        sporociNapako(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation",
                                         "The simulation file has another number of species."));
         return;
     case CSimulationFile::Izid::Pokvarjena:
-        sporociNapako(QT_TRANSLATE_NOOP("CEcosystemSimulation", "The simulation file is damaged."));
+        sporociNapako(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation",
+                                        "The simulation file is damaged."));
         return;
     }
     prevzemiSimulacijo(vsebina);
