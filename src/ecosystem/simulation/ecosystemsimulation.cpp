@@ -26,12 +26,10 @@ CEcosystemSimulation* CEcosystemSimulation::myStaticPtr = nullptr;
 int CEcosystemSimulation::casPobijanjaDominiranihRastlin = 0;
 
 namespace {
-// Nanoseconds spent in the kill decisions of the current step; reported in
-// whole milliseconds (timing each call in whole milliseconds would sum to ~0).
-qint64 nsPobijanjaDominiranihRastlin = 0;
-
-QString tr(const char* text) {
-    return QCoreApplication::translate("CEcosystemSimulation", text);
+void sporociNapako(const char* besedilo) {
+    arbo::showUserMessage(
+        "Error",
+        QCoreApplication::translate("ecosystem::CEcosystemSimulation", besedilo).toStdString());
 }
 } // namespace
 
@@ -64,7 +62,7 @@ void CEcosystemSimulation::setTerrainData(data::CTerrainData& terrainData) {
 
 void CEcosystemSimulation::izprazniIndeksCelic() {
     for (int i = 0; i < steviloCelic(); ++i)
-        std::vector<CRastlina*>().swap(rastlinePoTerenu[i]);
+        rastlinePoTerenu[i].clear();
 }
 
 void CEcosystemSimulation::napolniIndeksCelic() {
@@ -144,7 +142,6 @@ void CEcosystemSimulation::simulateNextStep() {
     zagotoviInicializiranostSimulacije();
     simulationStepNr += 1;
     casPobijanjaDominiranihRastlin = 0;
-    nsPobijanjaDominiranihRastlin = 0;
     const int casOstalo = elapsedAndRestart();
     dodajRastlineVrstam();
     const int casDodajal = elapsedAndRestart();
@@ -209,17 +206,31 @@ float CEcosystemSimulation::izracunajUgodnostPogojev(CRastlina&) {
 }
 
 void CEcosystemSimulation::pobijRastline() {
-    dominanceGrid.zgradi(rastlinskeVrste, CVrstaRastlin::maxStKvadratovNajdemRadijSoseda);
+    dominanceGrid.zgradi(rastlinskeVrste, CVrstaRastlin::maxStKvadratovNajdemRadijSoseda,
+                         terrainData->stTockX);
     lifeFactors.dominanceGrid = &dominanceGrid;
+    QElapsedTimer odlocanje;
+    odlocanje.start();
     for (CVrstaRastlin& vrsta : rastlinskeVrste)
         vrsta.ziviPrimerkiTeVrste.remove_if(&CEcosystemSimulation::umreSedaj);
+    casPobijanjaDominiranihRastlin = static_cast<int>(odlocanje.elapsed());
     lifeFactors.dominanceGrid = nullptr;
+    // Keep each species' plants packed in memory; the cell index follows them.
+    bool premaknjene = false;
+    for (CVrstaRastlin& vrsta : rastlinskeVrste)
+        premaknjene = vrsta.zgostiRastline() || premaknjene;
+    if (premaknjene) {
+        izprazniIndeksCelic();
+        napolniIndeksCelic();
+    }
 }
 
+// The time of these decisions is taken around the whole pass (pobijRastline):
+// a clock read per plant would cost more than many of the decisions.
 bool CEcosystemSimulation::umreSedaj(CRastlina& rastlina) {
-    QElapsedTimer lokalniCas;
-    lokalniCas.start();
     CEcosystemSimulation& simulacija = *myStaticPtr;
+    if (simulacija.lifeFactors.dominanceGrid)
+        simulacija.dominanceGrid.naslednjaRastlina(rastlina);
     const bool umre = simulacija.lifeFactors.umreSedaj(rastlina);
     if (umre) {
         std::vector<CRastlina*>& celica =
@@ -231,8 +242,6 @@ bool CEcosystemSimulation::umreSedaj(CRastlina& rastlina) {
         if (simulacija.lifeFactors.dominanceGrid)
             simulacija.dominanceGrid.odstrani(rastlina);
     }
-    nsPobijanjaDominiranihRastlin += lokalniCas.nsecsElapsed();
-    casPobijanjaDominiranihRastlin = static_cast<int>(nsPobijanjaDominiranihRastlin / 1000000);
     return umre;
 }
 
@@ -288,7 +297,8 @@ void CEcosystemSimulation::saveSimulation(const std::string& fileName) {
         datoteka.write(besedilo.data(), qint64(besedilo.size())) == qint64(besedilo.size()) &&
         datoteka.commit();
     if (!zapisano) {
-        arbo::showUserMessage("Error", tr("Could not save simulation file.").toStdString());
+        sporociNapako(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation",
+                                        "Could not save simulation file."));
         return;
     }
     std::cout << "Simulation @ step " << simulationStepNr << "successfouly saved" << std::endl;
@@ -305,15 +315,17 @@ void CEcosystemSimulation::loadSimulation(const std::string& filename) {
         // What cannot be read has no species, which never matches a running simulation.
         if (!rastlinskeVrste.empty())
             std::cerr << "Number of species size mismatch!" << std::endl;
-        arbo::showUserMessage("Error", tr("Could not open simulation file.").toStdString());
+        sporociNapako(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation",
+                                        "Could not open simulation file."));
         return;
     case CSimulationFile::Izid::NapacnoSteviloVrst:
         std::cerr << "Number of species size mismatch!" << std::endl;
-        arbo::showUserMessage(
-            "Error", tr("The simulation file has another number of species.").toStdString());
+        sporociNapako(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation",
+                                        "The simulation file has another number of species."));
         return;
     case CSimulationFile::Izid::Pokvarjena:
-        arbo::showUserMessage("Error", tr("The simulation file is damaged.").toStdString());
+        sporociNapako(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation",
+                                        "The simulation file is damaged."));
         return;
     }
     prevzemiSimulacijo(vsebina);

@@ -192,8 +192,7 @@ private slots:
             v.verjetnostUmrtjaObDominiranosti = 1.0f;
         auto posadiV = [&](int v, int x, float px, float moc) -> CRastlina& {
             simulacija.rastlinskeVrste[v].dodajNovPrimerek(simulacija.rastlinePoTerenu,
-                                                           Tocka2i(x, 2),
-                                                           arbo::Tocka(px, 100, 60));
+                                                           Tocka2i(x, 2), arbo::Tocka(px, 100, 60));
             CRastlina& r = simulacija.rastlinskeVrste[v].ziviPrimerkiTeVrste.back();
             r.trenutnaMoc = moc;
             r.trenutniRadij = 1.0f;
@@ -201,10 +200,10 @@ private slots:
             return r;
         };
         // Species 1's plant is older in the list order of species 0's pair partner.
-        posadiV(1, 2, 60.5f, 0.5f);  // mutual with the first plant of species 0
-        posadiV(0, 2, 60.0f, 0.5f);  // killed first (species 0 goes first)
-        posadiV(0, 3, 80.0f, 0.5f);  // alone
-        posadiV(0, 3, 80.5f, 0.5f);  // ... with this one: the earlier of the two dies
+        posadiV(1, 2, 60.5f, 0.5f); // mutual with the first plant of species 0
+        posadiV(0, 2, 60.0f, 0.5f); // killed first (species 0 goes first)
+        posadiV(0, 3, 80.0f, 0.5f); // alone
+        posadiV(0, 3, 80.5f, 0.5f); // ... with this one: the earlier of the two dies
         simulacija.pobijRastline();
         QCOMPARE(simulacija.rastlinskeVrste[0].ziviPrimerkiTeVrste.size(), size_t(1));
         QCOMPARE(simulacija.rastlinskeVrste[0].ziviPrimerkiTeVrste.front().pozicija3D.x, 80.5f);

@@ -38,7 +38,8 @@ Tokovi trenutni() {
             CSejalecRastlinNaTeren::randomIzbireBliznjeRastline,
             CSejalecRastlinNaTeren::randomIzbireStraniRastiObBliznjiRastlini,
             CSejalecKjerkoliRastlinNaTeren::randomPozicijeNovihRastlinKjerkoli,
-            CTerrainData::randomPozicije3DNovihRastlinI, CTerrainData::randomPozicije3DNovihRastlinJ};
+            CTerrainData::randomPozicije3DNovihRastlinI,
+            CTerrainData::randomPozicije3DNovihRastlinJ};
 }
 
 // The sowing of one species re-derived from its rules, with the 3-D point
@@ -94,7 +95,8 @@ std::vector<Tocka2i> pricakovaneCelice(const CTerrainData& teren, const CVrstaRa
             celice.push_back(c);
     }
     for (int k = 0; k < kjerkoli; ++k) {
-        const int e = teren.nonWaterIndexes[naslednje(t.kjerkoli, unsigned(teren.nonWaterIndexes.size()))];
+        const int e =
+            teren.nonWaterIndexes[naslednje(t.kjerkoli, unsigned(teren.nonWaterIndexes.size()))];
         const Tocka2i c(e % teren.stTockX, e / teren.stTockX);
         if (visina(c) > 0.0)
             celice.push_back(c);

@@ -89,6 +89,22 @@ void CVrstaRastlin::prevzemiRastline() {
         rastlina.vrstaRastline = this;
 }
 
+bool CVrstaRastlin::zgostiRastline() {
+    const PlantArena& arena = *ziviPrimerkiTeVrste.get_allocator().arena;
+    const std::size_t najmanj = 1 << 20; // small lists are left alone
+    if (arena.zasedenih() < najmanj || 8 * arena.zasedenih() <= 9 * arena.zivih())
+        return false;
+    // Each plant is copied and its old node freed at once, so emptied blocks go
+    // back while the copy grows and the memory in use never doubles.
+    SeznamRastlin zgoscen;
+    while (!ziviPrimerkiTeVrste.empty()) {
+        zgoscen.push_back(ziviPrimerkiTeVrste.front());
+        ziviPrimerkiTeVrste.pop_front();
+    }
+    ziviPrimerkiTeVrste.swap(zgoscen);
+    return true;
+}
+
 void CVrstaRastlin::dodajNovPrimerek(std::vector<CRastlina*>* rastlinePoTerenu,
                                      const Tocka2i& pozicija2d, const arbo::Tocka& pozicija3d) {
     ziviPrimerkiTeVrste.emplace_back(*this, pozicija2d, pozicija3d);

@@ -2,6 +2,7 @@
 
 #include "arbo/tocka.h"
 #include "arbo/tocka2i.h"
+#include "ecosystem/simulation/entities/arenaallocator.h"
 #include "ecosystem/simulation/entities/pogoj.h"
 #include "ecosystem/simulation/entities/rastlina.h"
 
@@ -21,6 +22,10 @@ namespace ecosystem::simulationEntities {
 // of reproduction and the list that owns all its living plants.
 class CVrstaRastlin {
 public:
+    // A linked list: element addresses stay valid while plants are added or
+    // removed (the cell index points at them); only zgostiRastline moves them.
+    using SeznamRastlin = std::list<CRastlina, CArenaAllocator<CRastlina>>;
+
     int tip;
     float stNovihRastlinNaSimulacijskiKorak;
     float razmerjeMedVelikostjoInRadijemKrosnje;
@@ -39,7 +44,7 @@ public:
     float komulacijaSemen;
     float komulacijaPrihajajocihRastlin;
     data::CTerrainData* terrainData;
-    std::list<CRastlina> ziviPrimerkiTeVrste; // element addresses stay valid
+    SeznamRastlin ziviPrimerkiTeVrste; // in order of creation
     statistics::CEntitiesStatistics* entitiesStatistics;
 
     // Half-width, in grid cells, of the square searched for dominating neighbours.
@@ -66,6 +71,11 @@ public:
     void dodajNovPrimerek(std::vector<CRastlina*>* rastlinePoTerenu, const Tocka2i& pozicija2d,
                           const arbo::Tocka& pozicija3d);
     void dodajKomuliraneRastline(float dodanaKomulacija, std::vector<CRastlina*>* rastlinePoTerenu);
+
+    // Moves the plants, in order, into fresh memory when more than a ninth of
+    // the memory held by the list is dead; true when they moved (the caller
+    // must then rebuild every pointer to them).
+    bool zgostiRastline();
 
 private:
     void prevzemiRastline();

@@ -1,0 +1,504 @@
+#include "arbo/krivulja.h"
+#include "arbo/usermessage.h"
+#include "ecosystem/simulation/data/terraindata.h"
+#include "ecosystem/simulation/dominancegrid.h"
+#include "ecosystem/simulation/ecosystemsimulation.h"
+#include "ecosystem/simulation/sejaleckjerkolirastlinnateren.h"
+#include "ecosystem/simulation/sejalecrastlinnateren.h"
+#include "ecosystem/simulation/testterrain.h"
+
+#include <QFile>
+#include <QtTest>
+
+#include <algorithm>
+#include <iostream>
+#include <sstream>
+
+using ecosystem::CEcosystemSimulation;
+using ecosystem::Tocka2i;
+using ecosystem::data::CTerrainData;
+using ecosystem::simulationEntities::CRastlina;
+using ecosystem::simulationEntities::CVrstaRastlin;
+
+namespace {
+
+// Every stored quantity of every plant, exactly, and the species' fractions.
+std::string stanje(const CEcosystemSimulation& s, bool zId = true) {
+    std::ostringstream o;
+    o << std::hexfloat << s.simulationStepNr << '\n';
+    for (const CVrstaRastlin& v : s.rastlinskeVrste) {
+        o << v.komulacijaPrihajajocihRastlin << ' ' << v.komulacijaSemen << ':'
+          << v.ziviPrimerkiTeVrste.size() << '\n';
+        for (const CRastlina& r : v.ziviPrimerkiTeVrste) {
+            if (zId)
+                o << r.id << ' ';
+            o << r.pozicijaMap2D.x << ' ' << r.pozicijaMap2D.y << ' ' << r.pozicija3D.x << ' '
+              << r.pozicija3D.y << ' ' << r.pozicija3D.z << ' ' << r.trenutnaStarost << ' '
+              << r.trenutnaVelikost << ' ' << r.trenutniRadij << ' ' << r.prodornost << ' '
+              << r.trenutnaMoc << ' ' << r.umreNaKoraku << ' ' << r.jeDominirana << '\n';
+        }
+    }
+    return o.str();
+}
+
+std::string seme(CEcosystemSimulation& s) {
+    std::ostringstream o;
+    for (unsigned long long x : s.getRandomGeneratorSeeds())
+        o << x << ' ';
+    return o.str();
+}
+
+int zivih(const CEcosystemSimulation& s) {
+    int n = 0;
+    for (const CVrstaRastlin& v : s.rastlinskeVrste)
+        n += int(v.ziviPrimerkiTeVrste.size());
+    return n;
+}
+
+// A step whose kill phase scans the cell index directly, without the grid.
+void korakBrezMreze(CEcosystemSimulation& s) {
+    s.zagotoviInicializiranostSimulacije();
+    s.simulationStepNr += 1;
+    s.dodajRastlineVrstam();
+    s.zrastiVseRastlineInDolociMoci();
+    for (CVrstaRastlin& v : s.rastlinskeVrste)
+        v.ziviPrimerkiTeVrste.remove_if(&CEcosystemSimulation::umreSedaj);
+}
+
+// The dominance search as it reads: the square of cells row by row, each
+// cell's plants in order, the first neighbour at least as strong whose crown
+// overlaps.
+bool referencaDominiranosti(const CEcosystemSimulation& s, CRastlina& r) {
+    const int k = CVrstaRastlin::maxStKvadratovNajdemRadijSoseda;
+    const int w = s.terrainData->stTockX, h = s.terrainData->stTockY;
+    const int x = r.pozicijaMap2D.x, y = r.pozicijaMap2D.y;
+    for (int vr = std::max(0, y - k); vr <= std::min(h - 1, y + k); ++vr)
+        for (int st = std::max(0, x - k); st <= std::min(w - 1, x + k); ++st)
+            for (CRastlina* n : s.rastlinePoTerenu[vr * w + st]) {
+                if (n == &r)
+                    continue;
+                const double dx = double(r.pozicija3D.x) - n->pozicija3D.x;
+                const double dy = double(r.pozicija3D.y) - n->pozicija3D.y;
+                const double dz = double(r.pozicija3D.z) - n->pozicija3D.z;
+                const float d = float(std::sqrt(dx * dx + dy * dy + dz * dz));
+                if (n->trenutnaMoc * n->vrstaRastline->vplivMoci >=
+                        r.trenutnaMoc * r.vrstaRastline->vplivMoci &&
+                    r.trenutniRadij + n->trenutniRadij > d)
+                    return true;
+            }
+    return false;
+}
+
+struct Izhod {
+    std::ostringstream out, err;
+    std::streambuf* staroOut;
+    std::streambuf* staroErr;
+    Izhod() : staroOut(std::cout.rdbuf(out.rdbuf())), staroErr(std::cerr.rdbuf(err.rdbuf())) {}
+    ~Izhod() {
+        std::cout.rdbuf(staroOut);
+        std::cerr.rdbuf(staroErr);
+    }
+};
+
+QByteArray preberi(const QString& ime) {
+    QFile f(ime);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+void zapisi(const QString& ime, const QByteArray& vsebina) {
+    QFile f(ime);
+    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    f.write(vsebina);
+}
+
+} // namespace
+
+class TestEcosystemSimulation : public QObject {
+    Q_OBJECT
+
+    std::vector<std::string> sporocila;
+
+private slots:
+    void initTestCase() {
+        arbo::setUserMessageHandler([this](const std::string& naslov, const std::string& besedilo) {
+            sporocila.push_back(naslov + ": " + besedilo);
+        });
+    }
+    void init() { sporocila.clear(); }
+
+    void seedsInTableOrder() {
+        CEcosystemSimulation s;
+        std::vector<unsigned long long> pricakovano(13);
+        for (int i = 0; i < 13; ++i)
+            pricakovano[i] = i + 1;
+        QCOMPARE(s.getRandomGeneratorSeeds(), pricakovano);
+        std::vector<unsigned long long> nova;
+        for (int i = 0; i < 13; ++i)
+            nova.push_back(1000 + 7 * i);
+        s.setRandomGeneratorSeeds(nova);
+        QCOMPARE(ecosystem::CSejalecRastlinNaTeren::randomRastiBlizu, 1000ULL);
+        QCOMPARE(ecosystem::CSejalecRastlinNaTeren::randomIzbireBliznjeRastline, 1007ULL);
+        QCOMPARE(ecosystem::CSejalecRastlinNaTeren::randomIzbireStraniRastiObBliznjiRastlini,
+                 1014ULL);
+        QCOMPARE(ecosystem::CSejalecKjerkoliRastlinNaTeren::randomPozicijeNovihRastlinKjerkoli,
+                 1021ULL);
+        QCOMPARE(CTerrainData::randomPozicije3DNovihRastlinI, 1028ULL);
+        QCOMPARE(CTerrainData::randomPozicije3DNovihRastlinJ, 1035ULL);
+        QCOMPARE(s.lifeFactors.randomSmrtiZaradiDominiranosti, 1042ULL);
+        QCOMPARE(s.lifeFactors.randomSmrtiZaradiNeugodnostiVisine, 1049ULL);
+        QCOMPARE(s.lifeFactors.randomSmrtiZaradiNeugodnostiVlage, 1056ULL);
+        QCOMPARE(s.lifeFactors.randomSmrtiZaradiNeugodnostiSonca, 1063ULL);
+        QCOMPARE(s.lifeFactors.randomSmrtiZaradiNeugodnostiVetra, 1070ULL);
+        QCOMPARE(s.lifeFactors.randomSmrtiZaradiNeugodnostiNaklona, 1077ULL);
+        QCOMPARE(CRastlina::randomCasSmrti, 1084ULL);
+        QCOMPARE(s.getRandomGeneratorSeeds(), nova);
+        // A new simulation starts every stream again, the shared ones too.
+        CEcosystemSimulation druga;
+        QCOMPARE(druga.getRandomGeneratorSeeds(), pricakovano);
+    }
+
+    void firstStepSowsOnlyAnywhere() {
+        CTerrainData teren;
+        CEcosystemSimulation s;
+        s.setTerrainData(teren);
+        QCOMPARE(s.simulationStepNr, -1);
+        QVERIFY(!s.simulationRunning);
+        const int prviId = CRastlina::lastID;
+        s.simulateNextStep();
+        QCOMPARE(s.simulationStepNr, 1);
+        QVERIFY(s.simulationRunning);
+        QVERIFY(teren.isDataReady());
+        QCOMPARE(s.najvecjaMoznaStarostRastline, 250);
+        // Five units per species, 25 near-or-anywhere draws from stream 0
+        // (seed 1); a species without plants sows only the anywhere ones.
+        unsigned long long blizu = 1;
+        int kjerkoli = 0;
+        for (int i = 0; i < 25; ++i)
+            if (!(0.8f > testterrain::naslednje(blizu, 100000) / 100000.0))
+                ++kjerkoli;
+        QCOMPARE(ecosystem::CSejalecRastlinNaTeren::randomRastiBlizu, blizu);
+        QCOMPARE(CRastlina::lastID - prviId, kjerkoli);
+        QCOMPARE(ecosystem::CSejalecRastlinNaTeren::randomIzbireBliznjeRastline, 2ULL);
+        const std::string log = s.getEntitiesStatistics()->getLogText();
+        QVERIFY(QString::fromStdString(log).startsWith("@1: time(render_all)="));
+        QVERIFY(QString::fromStdString(log).endsWith(QString("||  nrPlants=%1").arg(zivih(s))));
+        QCOMPARE(s.getEntitiesStatistics()->getGrafiStevilaRastlin()->size(), size_t(5));
+    }
+
+    void growthPhase() {
+        CTerrainData teren;
+        testterrain::pripravi(teren, 6, 6);
+        CEcosystemSimulation s;
+        s.setTerrainData(teren);
+        testterrain::Lastnosti l; // maturity 3, old age 10, certain death 25
+        s.rastlinskeVrste.reserve(2);
+        s.rastlinskeVrste.push_back(testterrain::vrsta(&teren, &s.entitiesStatistics, l));
+        l.casSigurneSmrti = 50;
+        l.razmerje = 2.0f;
+        s.rastlinskeVrste.push_back(testterrain::vrsta(&teren, &s.entitiesStatistics, l));
+        s.najvecjaMoznaStarostRastline = 50;
+        CVrstaRastlin& kratka = s.rastlinskeVrste[0];
+        CVrstaRastlin& dolga = s.rastlinskeVrste[1];
+        kratka.dodajNovPrimerek(s.rastlinePoTerenu, Tocka2i(1, 1), arbo::Tocka(30, 100, 30));
+        dolga.dodajNovPrimerek(s.rastlinePoTerenu, Tocka2i(4, 4), arbo::Tocka(110, 100, 110));
+        CRastlina& a = kratka.ziviPrimerkiTeVrste.front();
+        CRastlina& b = dolga.ziviPrimerkiTeVrste.front();
+        float velikost = 0.0f;
+        for (int korak = 0; korak < 14; ++korak) {
+            s.zrastiVseRastlineInDolociMoci();
+            if (korak < 3)
+                velikost += 1.0f * 0.8f / 3;
+            else if (korak < 10)
+                velikost = float(velikost + 1.0f * (1.0 - 0.8f) / 7);
+            QCOMPARE(a.trenutnaVelikost, velikost);
+            QCOMPARE(a.trenutnaStarost, korak + 1);
+            QCOMPARE(a.trenutniRadij, velikost * 1.0f);
+            QCOMPARE(b.trenutniRadij, b.trenutnaVelikost * 2.0f);
+            // Strength scales with the share of the longest life.
+            QCOMPARE(a.trenutnaMoc, 25.0f / 50.0f * (a.prodornost * a.trenutnaVelikost));
+            QCOMPARE(b.trenutnaMoc, 1.0f * (b.prodornost * b.trenutnaVelikost));
+            // Seeds: 1/5 plus the strength of the plants grown at maturity or later.
+            const float semena = korak >= 3 ? 0.2f + a.trenutnaMoc : 0.2f;
+            QCOMPARE(kratka.komulacijaSemen, semena);
+        }
+        QVERIFY(std::fabs(a.trenutnaVelikost - 1.0f) < 1e-5f);
+        QCOMPARE(velikost, a.trenutnaVelikost); // unchanged after age 10
+
+        // A dominated plant keeps size, radius and strength and loses 1 of penetration.
+        b.jeDominirana = true;
+        b.prodornost = 0.6f;
+        const float r = b.trenutniRadij, m = b.trenutnaMoc, v = b.trenutnaVelikost;
+        s.zrastiVseRastlineInDolociMoci();
+        QCOMPARE(b.prodornost, 0.0f);
+        QCOMPARE(b.trenutniRadij, r);
+        QCOMPARE(b.trenutnaMoc, m);
+        QCOMPARE(b.trenutnaVelikost, v);
+        QCOMPARE(b.trenutnaStarost, 15);
+        b.prodornost = 1.5f;
+        s.zrastiVseRastlineInDolociMoci();
+        QCOMPARE(b.prodornost, 0.5f);
+    }
+
+    void sameSeedsSameRun() {
+        CTerrainData teren;
+        std::string prvi, drugi, prviId, drugiId;
+        for (std::string* cilj : {&prvi, &drugi}) {
+            CEcosystemSimulation s;
+            s.setTerrainData(teren);
+            for (int i = 0; i < 45; ++i)
+                s.simulateNextStep();
+            QVERIFY(zivih(s) > 1000);
+            *cilj = stanje(s, false) + seme(s);
+            (cilj == &prvi ? prviId : drugiId) = stanje(s, true);
+        }
+        QCOMPARE(prvi, drugi);
+        QVERIFY(prviId != drugiId); // ids run on over the process
+        // Another seed, another ecosystem.
+        CEcosystemSimulation s;
+        s.setTerrainData(teren);
+        std::vector<unsigned long long> seeds = s.getRandomGeneratorSeeds();
+        seeds[0] = 99;
+        s.setRandomGeneratorSeeds(seeds);
+        for (int i = 0; i < 45; ++i)
+            s.simulateNextStep();
+        QVERIFY(stanje(s, false) + seme(s) != prvi);
+    }
+
+    // The kill phase gives the same ecosystem with the bucket grid as with a
+    // plain scan of the cell index, step by step.
+    void gridGivesThePlainSearchResult() {
+        CTerrainData teren;
+        std::vector<std::string> zMrezo;
+        {
+            CEcosystemSimulation s;
+            s.setTerrainData(teren);
+            for (int i = 0; i < 58; ++i) {
+                s.simulateNextStep();
+                if (i >= 30)
+                    zMrezo.push_back(stanje(s, false) + seme(s));
+            }
+            QVERIFY(zivih(s) > 20000);
+        }
+        CEcosystemSimulation s;
+        s.setTerrainData(teren);
+        for (int i = 0; i < 58; ++i) {
+            korakBrezMreze(s);
+            if (i >= 30)
+                QVERIFY2(stanje(s, false) + seme(s) == zMrezo[i - 30],
+                         qPrintable(QString("step %1").arg(i + 1)));
+        }
+    }
+
+    // Plant by plant, also while plants die, and with other square sizes.
+    void gridAnswersLikeTheReference() {
+        CTerrainData teren;
+        CEcosystemSimulation s;
+        s.setTerrainData(teren);
+        for (int i = 0; i < 52; ++i)
+            s.simulateNextStep();
+        s.dodajRastlineVrstam();
+        s.zrastiVseRastlineInDolociMoci();
+        const int k = CVrstaRastlin::maxStKvadratovNajdemRadijSoseda;
+        for (int polSirina : {k, 0, 2}) {
+            CVrstaRastlin::maxStKvadratovNajdemRadijSoseda = polSirina;
+            ecosystem::CDominanceGrid mreza;
+            mreza.zgradi(s.rastlinskeVrste, polSirina, teren.stTockX);
+            int dominiranih = 0, odstranjenih = 0, zaporedna = 0;
+            std::vector<std::pair<CRastlina*, int>> odstranjene;
+            for (CVrstaRastlin& v : s.rastlinskeVrste) {
+                for (CRastlina& r : v.ziviPrimerkiTeVrste) {
+                    // The kill phase announces each plant in order; without that
+                    // the grid finds the plant by itself.
+                    if (polSirina != 2)
+                        mreza.naslednjaRastlina(r);
+                    const bool pricakovano = referencaDominiranosti(s, r);
+                    QCOMPARE(mreza.imaDominantnegaSoseda(r), pricakovano);
+                    dominiranih += pricakovano;
+                    // Take every third plant out, as the kill phase would.
+                    if (++zaporedna % 3 == 0) {
+                        std::vector<CRastlina*>& celica =
+                            s.rastlinePoTerenu[r.pozicijaMap2D.y * teren.stTockX +
+                                               r.pozicijaMap2D.x];
+                        const auto it = std::find(celica.begin(), celica.end(), &r);
+                        odstranjene.emplace_back(&r, int(it - celica.begin()));
+                        celica.erase(it);
+                        mreza.odstrani(r);
+                        ++odstranjenih;
+                    }
+                }
+            }
+            QVERIFY(dominiranih > 100);
+            QVERIFY(dominiranih < zaporedna);
+            // Put the cell index back as it was.
+            for (auto it = odstranjene.rbegin(); it != odstranjene.rend(); ++it) {
+                CRastlina& r = *it->first;
+                std::vector<CRastlina*>& celica =
+                    s.rastlinePoTerenu[r.pozicijaMap2D.y * teren.stTockX + r.pozicijaMap2D.x];
+                celica.insert(celica.begin() + it->second, &r);
+            }
+        }
+        CVrstaRastlin::maxStKvadratovNajdemRadijSoseda = k;
+    }
+
+    void saveWritesTheSections() {
+        CTerrainData teren;
+        CEcosystemSimulation s;
+        s.setTerrainData(teren);
+        for (int i = 0; i < 6; ++i)
+            s.simulateNextStep();
+        Izhod izhod;
+        s.saveSimulation("oblika.sim");
+        QCOMPARE(QString::fromStdString(izhod.out.str()),
+                 QString("Simulation @ step 6successfouly saved\n"));
+        const QList<QByteArray> vrstice = preberi("oblika.sim").split('\n');
+        QCOMPARE(vrstice[0], QByteArray("6"));
+        QCOMPARE(vrstice[1], QByteArray("5"));
+        int v = 2;
+        for (const CVrstaRastlin& vrsta : s.rastlinskeVrste) {
+            QCOMPARE(vrstice[v++].toInt(), int(vrsta.ziviPrimerkiTeVrste.size()));
+            for (const CRastlina& r : vrsta.ziviPrimerkiTeVrste) {
+                const QList<QByteArray> polja = vrstice[v++].split('\t');
+                QCOMPARE(polja.size(), 17);
+                QCOMPARE(polja[0].toInt(), r.pozicijaMap2D.x);
+                QCOMPARE(polja[5].toInt(), r.id);
+                QCOMPARE(polja[16].toFloat(), r.umreNaKoraku);
+            }
+        }
+        const QList<QByteArray> zadnja = vrstice[v++].split('\t');
+        QCOMPARE(zadnja.size(), 5 + 13 + 1); // each value followed by a tab
+        QCOMPARE(zadnja[5].toULongLong(), ecosystem::CSejalecRastlinNaTeren::randomRastiBlizu);
+        QCOMPARE(zadnja[17].toULongLong(), CRastlina::randomCasSmrti);
+        QCOMPARE(vrstice[v++], QByteArray("25\t75\t25\t75"));
+        QCOMPARE(vrstice[v], QByteArray()); // the file ends with the line end
+        QCOMPARE(vrstice.size(), v + 1);
+    }
+
+    // Load, save again: the same text. Load into another simulation and go on:
+    // the same ecosystem as the one that was saved and reloaded itself.
+    void saveLoadAndContinue() {
+        CTerrainData teren;
+        CEcosystemSimulation a;
+        a.setTerrainData(teren);
+        for (int i = 0; i < 40; ++i)
+            a.simulateNextStep();
+        a.saveSimulation("a.sim");
+        const QByteArray shranjeno = preberi("a.sim");
+        const int prej = int(a.entitiesStatistics.grafiStevilaRastlin[0]->tocke.size());
+        {
+            Izhod izhod;
+            a.loadSimulation("a.sim");
+            QCOMPARE(
+                QString::fromStdString(izhod.out.str()),
+                QString("Simulation @ step 40 with %1 plants successfouly loaded\n").arg(zivih(a)));
+        }
+        QCOMPARE(int(a.entitiesStatistics.grafiStevilaRastlin[0]->tocke.size()), prej + 1);
+        QCOMPARE(a.entitiesStatistics.grafiStevilaRastlin[0]->tocke.back().x, double(prej));
+        a.saveSimulation("a2.sim");
+        QCOMPARE(preberi("a2.sim"), shranjeno);
+        std::vector<float> semenaA;
+        for (const CVrstaRastlin& v : a.rastlinskeVrste)
+            semenaA.push_back(v.komulacijaSemen);
+        for (int i = 0; i < 12; ++i)
+            a.simulateNextStep();
+        const std::string nadaljevanoA = stanje(a, false) + seme(a);
+
+        CEcosystemSimulation b;
+        b.setTerrainData(teren);
+        for (int i = 0; i < 3; ++i)
+            b.simulateNextStep();
+        teren.lupaXmin = 30; // the file brings the lupa back
+        b.loadSimulation("a.sim");
+        QCOMPARE(teren.lupaXmin, 25);
+        QCOMPARE(b.simulationStepNr, 40);
+        for (size_t i = 0; i < semenaA.size(); ++i)
+            b.rastlinskeVrste[i].komulacijaSemen = semenaA[i]; // not stored in the file
+        for (int i = 0; i < 12; ++i)
+            b.simulateNextStep();
+        QCOMPARE(stanje(b, false) + seme(b), nadaljevanoA);
+    }
+
+    void badFilesChangeNothing_data() {
+        QTest::addColumn<QByteArray>("vsebina");
+        QTest::addColumn<QString>("sporocilo");
+        QTest::addColumn<bool>("neujemanje");
+        QTest::newRow("missing") << QByteArray() << "Error: Could not open simulation file."
+                                 << true;
+        QTest::newRow("truncated")
+            << QByteArray("@cut") << "Error: The simulation file is damaged." << false;
+        QTest::newRow("word for a number")
+            << QByteArray("@word") << "Error: The simulation file is damaged." << false;
+        QTest::newRow("cell off the grid")
+            << QByteArray("@cell") << "Error: The simulation file is damaged." << false;
+        QTest::newRow("lupa off the grid")
+            << QByteArray("@lupa") << "Error: The simulation file is damaged." << false;
+        QTest::newRow("four species")
+            << QByteArray("12\n4\n0\n0\n0\n0\n")
+            << "Error: The simulation file has another number of species." << true;
+        QTest::newRow("empty") << QByteArray("") << "Error: The simulation file is damaged."
+                               << false;
+    }
+    void badFilesChangeNothing() {
+        QFETCH(QByteArray, vsebina);
+        QFETCH(QString, sporocilo);
+        QFETCH(bool, neujemanje);
+        CTerrainData teren;
+        CEcosystemSimulation s;
+        s.setTerrainData(teren);
+        for (int i = 0; i < 20; ++i)
+            s.simulateNextStep();
+        s.saveSimulation("dobra.sim");
+        QByteArray dobra = preberi("dobra.sim");
+        QByteArray slaba = vsebina;
+        if (vsebina == "@cut") {
+            slaba = dobra.left(dobra.size() / 2);
+        } else if (vsebina == "@word") {
+            slaba = dobra;
+            slaba.replace(slaba.indexOf('\t', slaba.indexOf("\n", 4) + 1) + 1, 1, "x");
+        } else if (vsebina == "@cell") {
+            const QList<QByteArray> vrstice = dobra.split('\n');
+            int v = 2;
+            while (vrstice[v].toInt() == 0)
+                ++v; // first species with plants; its first plant follows
+            QByteArray plant = vrstice[v + 1];
+            plant.replace(0, plant.indexOf('\t'), "100");
+            slaba = dobra;
+            slaba.replace(vrstice[v + 1], plant);
+        } else if (vsebina == "@lupa") {
+            slaba = dobra;
+            slaba.replace("25\t75\t25\t75\n", "25\t100\t25\t75\n");
+        }
+        const QString ime = QTest::currentDataTag() == QString("missing") ? "ni.sim" : "slaba.sim";
+        if (ime == "slaba.sim")
+            zapisi(ime, slaba);
+        const std::string prej = stanje(s) + seme(s);
+        const int lastId = CRastlina::lastID;
+        const size_t tocke = s.entitiesStatistics.grafiStevilaRastlin[0]->tocke.size();
+        Izhod izhod;
+        s.loadSimulation(ime.toStdString());
+        QCOMPARE(stanje(s) + seme(s), prej);
+        QCOMPARE(CRastlina::lastID, lastId);
+        QCOMPARE(s.entitiesStatistics.grafiStevilaRastlin[0]->tocke.size(), tocke);
+        QCOMPARE(teren.lupaXmax, 75);
+        QCOMPARE(sporocila.size(), size_t(1));
+        QCOMPARE(QString::fromStdString(sporocila[0]), sporocilo);
+        QCOMPARE(QString::fromStdString(izhod.err.str()),
+                 neujemanje ? QString("Number of species size mismatch!\n") : QString());
+        QVERIFY(izhod.out.str().empty());
+    }
+
+    void failedSaveSaysSo() {
+        CTerrainData teren;
+        CEcosystemSimulation s;
+        s.setTerrainData(teren);
+        s.simulateNextStep();
+        Izhod izhod;
+        s.saveSimulation("no-such-folder/x.sim");
+        QCOMPARE(sporocila.size(), size_t(1));
+        QCOMPARE(QString::fromStdString(sporocila[0]),
+                 QString("Error: Could not save simulation file."));
+        QVERIFY(izhod.out.str().empty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestEcosystemSimulation)
+#include "tst_ecosystemsimulation.moc"
