@@ -461,6 +461,75 @@
     </message>
 </context>
 <context>
+    <name>gui::RandomGeneratorSeedsEditor</name>
+    <message>
+        <source>Random generator seeds editor</source>
+        <translation>Urejevalnik semen generatorja naključnih števil</translation>
+    </message>
+    <message>
+        <source>Random: grow close</source>
+        <translation>Naključno: rast v bližini</translation>
+    </message>
+    <message>
+        <source>Random: choose near plant
+</source>
+        <translation>Naključno: izbira bližnje rastline
+</translation>
+    </message>
+    <message>
+        <source>Random: choose new plant grow side</source>
+        <translation>Naključno: izbira strani rasti nove rastline</translation>
+    </message>
+    <message>
+        <source>Random: position of new plants anywhere</source>
+        <translation>Naključno: položaj novih rastlin kjerkoli</translation>
+    </message>
+    <message>
+        <source>Random: 3D positions of new plants I</source>
+        <translation>Naključno: 3D položaji novih rastlin I</translation>
+    </message>
+    <message>
+        <source>Random: 3D positions of new plants J</source>
+        <translation>Naključno: 3D položaji novih rastlin J</translation>
+    </message>
+    <message>
+        <source>Random: death because of being dominated</source>
+        <translation>Naključno: smrt zaradi prevlade drugih</translation>
+    </message>
+    <message>
+        <source>Random: death because of bad height</source>
+        <translation>Naključno: smrt zaradi neprimerne višine</translation>
+    </message>
+    <message>
+        <source>Random: death because of bad moisture</source>
+        <translation>Naključno: smrt zaradi neprimerne vlažnosti</translation>
+    </message>
+    <message>
+        <source>Random: death because of bad sunniness</source>
+        <translation>Naključno: smrt zaradi neprimerne osončenosti</translation>
+    </message>
+    <message>
+        <source>Random: death because of bad windiness</source>
+        <translation>Naključno: smrt zaradi neprimerne vetrovnosti</translation>
+    </message>
+    <message>
+        <source>Random: death because of bad slope/pH</source>
+        <translation>Naključno: smrt zaradi neprimernega naklona/pH</translation>
+    </message>
+    <message>
+        <source>Random: time of death</source>
+        <translation>Naključno: čas smrti</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>V redu</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Prekliči</translation>
+    </message>
+</context>
+<context>
     <name>gui::TextDialog</name>
     <message>
         <source>OK</source>

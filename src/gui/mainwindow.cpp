@@ -9,6 +9,7 @@
 #include "gui/help.h"
 #include "gui/oglwidget.h"
 #include "gui/plantarea.h"
+#include "gui/randomgeneratorseedseditor.h"
 
 #include <QSpinBox>
 
@@ -178,6 +179,18 @@ void MainWindow::on_actionSet_plant_area_triggered() {
     connect(dialog.maxX, &QSpinBox::valueChanged, currentModel, &EcosystemRender::setLupaMaxX);
     connect(dialog.minY, &QSpinBox::valueChanged, currentModel, &EcosystemRender::setLupaMinY);
     connect(dialog.maxY, &QSpinBox::valueChanged, currentModel, &EcosystemRender::setLupaMaxY);
+    dialog.exec();
+}
+
+void MainWindow::on_actionEdit_random_generator_seeds_triggered() {
+    if (!currentModel)
+        return;
+    RandomGeneratorSeedsEditor dialog(this);
+    connect(&dialog, &RandomGeneratorSeedsEditor::updateSeeds, currentModel,
+            [model = currentModel](const std::vector<unsigned long long>& seeds) {
+                model->setRandomGeneratorSeeds(seeds);
+            });
+    dialog.setSeeds(currentModel->getRandomGeneratorSeeds());
     dialog.exec();
 }
 

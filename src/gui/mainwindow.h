@@ -45,6 +45,7 @@ public slots:
     void newGlContextInitialized(gui::OglWidget* view);
     void on_actionAdd_view_triggered();
     void on_actionSet_plant_area_triggered();
+    void on_actionEdit_random_generator_seeds_triggered();
     void on_actionAbout_triggered();
     void on_actionUsage_triggered();
     void cycleView();

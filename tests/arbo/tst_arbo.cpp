@@ -148,7 +148,7 @@ private slots:
         Arbo a;
         a.createKvadraticnePloskve();
         const auto z = razcleni(izvozi(a, "privzeto.crs"));
-        Izpeljava iz{a.pd};
+        Izpeljava iz{a.pd, 0, {}};
         iz.rasti(a.pd.stVsehZil, 0, 0, 0, -1);
         QCOMPARE(z.size(), iz.zapisi.size());
         int stB = 0, stL = 0;
@@ -170,7 +170,7 @@ private slots:
             a.pogled.highQualityRendering = hq;
             const int n = hq ? 16 : 4;
             const auto z = razcleni(izvozi(a, "obroc.crs"));
-            Izpeljava iz{a.pd};
+            Izpeljava iz{a.pd, 0, {}};
             iz.rasti(a.pd.stVsehZil, 0, 0, 0, -1);
             QCOMPARE(z.size(), iz.zapisi.size());
             int preverjenih = 0;
@@ -372,7 +372,7 @@ private slots:
             p.recalculateRelativeParams();
             a.pogled.animateWindSway = true;
             const auto z = razcleni(izvozi(a, "skrajno.crs"));
-            Izpeljava iz{a.pd};
+            Izpeljava iz{a.pd, 0, {}};
             iz.rasti(stZil, 0, 0, 0, -1);
             QCOMPARE(z.size(), iz.zapisi.size());
             for (size_t i = 0; i < z.size(); ++i)
@@ -394,7 +394,7 @@ private slots:
         glLoadIdentity();
         a.drawSingleTreeAwayLOD(5);
         const auto z = razcleni(preberi("lod.crs"));
-        Izpeljava iz{a.pd, 5};
+        Izpeljava iz{a.pd, 5, {}};
         iz.rasti(a.pd.stVsehZil, 0, 0, 0, -1);
         QCOMPARE(z.size(), iz.zapisi.size());
         for (size_t i = 0; i < z.size(); ++i)

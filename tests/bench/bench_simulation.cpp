@@ -84,7 +84,7 @@ int main(int argc, char** argv) {
         killSum += kill;
         const int plants = livingPlants(simulation);
         mostPlants = std::max(mostPlants, plants);
-        if (step % 25 == 0 || plants > 250000 && step % 5 == 0)
+        if (step % 25 == 0 || (plants > 250000 && step % 5 == 0))
             std::printf("%4d %8d %9.2f %9.2f %9.2f %9.2f\n", step, plants, add, grow, kill, cpu);
     }
     const double totalMs = msSince(total);

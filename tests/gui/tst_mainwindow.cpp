@@ -5,7 +5,9 @@
 #include "gui/mainwindow.h"
 #include "gui/oglwidget.h"
 #include "gui/plantarea.h"
+#include "gui/randomgeneratorseedseditor.h"
 
+#include <QLineEdit>
 #include <QSpinBox>
 #include <QTimer>
 
@@ -22,6 +24,8 @@ class TestMainWindow : public QObject {
     static void send(QWidget* w, QEvent::Type type, QPoint pos, Qt::MouseButton button,
                      Qt::MouseButtons buttons);
 private slots:
+    void initTestCase() { qRegisterMetaType<ecosystem::render::EcosystemRender*>(); }
+
     void startUpCreatesExactlyOneScene() {
         MainWindow w;
         QSignalSpy created(w.oglWidget, &OglWidget::newModelCreated);
@@ -149,6 +153,66 @@ private slots:
         QVERIFY(seen);
         QCOMPARE(scene->getLupaMinX(), 30);
         QCOMPARE(scene->getLupaMaxY(), 60);
+    }
+
+    void seedsEditorShowsAndSetsTheSceneSeeds() {
+        MainWindow w;
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QTRY_VERIFY(w.currentModel != nullptr);
+        ecosystem::render::EcosystemRender* scene = w.currentModel;
+        const std::vector<unsigned long long> before = scene->getRandomGeneratorSeeds();
+        QCOMPARE(before.size(), size_t(13));
+        bool seen = false;
+        QTimer::singleShot(0, this, [&] {
+            auto* dialog = qobject_cast<gui::RandomGeneratorSeedsEditor*>(
+                QApplication::activeModalWidget());
+            QVERIFY(dialog);
+            seen = true;
+            QCOMPARE(dialog->randomGrowClose->text(), QString::number(before[0]));
+            QCOMPARE(dialog->randomTimeOfDeath->text(), QString::number(before[12]));
+            dialog->randomGrowClose->setText("18446744073709551615");
+            dialog->randomDeathBecauseOfBadSlope->setText("77");
+            dialog->accept();
+        });
+        w.ui.actionEdit_random_generator_seeds->trigger();
+        QVERIFY(seen);
+        std::vector<unsigned long long> expected = before;
+        expected[0] = 18446744073709551615ULL;
+        expected[11] = 77;
+        QCOMPARE(scene->getRandomGeneratorSeeds(), expected);
+    }
+
+    void seedsEditorCancelKeepsTheSeeds() {
+        MainWindow w;
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QTRY_VERIFY(w.currentModel != nullptr);
+        const std::vector<unsigned long long> before = w.currentModel->getRandomGeneratorSeeds();
+        QTimer::singleShot(0, this, [&] {
+            auto* dialog = qobject_cast<gui::RandomGeneratorSeedsEditor*>(
+                QApplication::activeModalWidget());
+            QVERIFY(dialog);
+            dialog->randomGrowClose->setText("5");
+            dialog->reject();
+        });
+        w.ui.actionEdit_random_generator_seeds->trigger();
+        QCOMPARE(w.currentModel->getRandomGeneratorSeeds(), before);
+    }
+
+    void ecosystemFrameShowsSkyAndTerrain() {
+        MainWindow w;
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QTRY_VERIFY(w.currentModel != nullptr);
+        const QImage frame = w.oglWidget->grabFramebuffer();
+        QVERIFY(!frame.isNull());
+        // A blank or one-coloured frame means the sky or the terrain was not drawn.
+        QSet<QRgb> colours;
+        for (int y = 0; y < frame.height(); y += 7)
+            for (int x = 0; x < frame.width(); x += 7)
+                colours.insert(frame.pixel(x, y) & 0xF0F0F0);
+        QVERIFY2(colours.size() > 50, qPrintable(QString::number(colours.size())));
     }
 
     void stepsPerFrameActions() {
