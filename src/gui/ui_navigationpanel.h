@@ -57,8 +57,12 @@ public:
         for (int i = 0; i < 3; ++i) {
             // caption above, the two directions at the dial's two ends
             lookGrid->addWidget(labels[i], 0, i, Qt::AlignHCenter);
-            lookGrid->addWidget(labels[3 + 2 * i], 1, i, Qt::AlignLeft);
-            lookGrid->addWidget(labels[4 + 2 * i], 1, i, Qt::AlignRight);
+            auto* ends = new QHBoxLayout;
+            ends->addWidget(labels[3 + 2 * i]);
+            ends->addStretch();
+            ends->addSpacing(8);
+            ends->addWidget(labels[4 + 2 * i]);
+            lookGrid->addLayout(ends, 1, i);
             lookGrid->addWidget(dials[i], 2, i);
             lookGrid->addWidget(dialSpins[i], 3, i);
         }
