@@ -206,8 +206,13 @@ float CEcosystemSimulation::izracunajUgodnostPogojev(CRastlina&) {
 }
 
 void CEcosystemSimulation::pobijRastline() {
+    // Old age and weakness take no draws and do not depend on the neighbours,
+    // so the grid can know them before the first plant is decided.
     dominanceGrid.zgradi(rastlinskeVrste, CVrstaRastlin::maxStKvadratovNajdemRadijSoseda,
-                         terrainData->stTockX);
+                         terrainData->stTockX, [this](CRastlina& rastlina) {
+                             return lifeFactors.umreZaradiStarosti(rastlina) ||
+                                    lifeFactors.umreZaradiSibkosti(rastlina);
+                         });
     lifeFactors.dominanceGrid = &dominanceGrid;
     QElapsedTimer odlocanje;
     odlocanje.start();
@@ -230,7 +235,7 @@ void CEcosystemSimulation::pobijRastline() {
 bool CEcosystemSimulation::umreSedaj(CRastlina& rastlina) {
     CEcosystemSimulation& simulacija = *myStaticPtr;
     if (simulacija.lifeFactors.dominanceGrid)
-        simulacija.dominanceGrid.naslednjaRastlina(rastlina);
+        simulacija.dominanceGrid.naslednjaRastlina();
     const bool umre = simulacija.lifeFactors.umreSedaj(rastlina);
     if (umre) {
         std::vector<CRastlina*>& celica =
@@ -240,7 +245,7 @@ bool CEcosystemSimulation::umreSedaj(CRastlina& rastlina) {
         if (it != celica.end())
             celica.erase(it);
         if (simulacija.lifeFactors.dominanceGrid)
-            simulacija.dominanceGrid.odstrani(rastlina);
+            simulacija.dominanceGrid.odstrani();
     }
     return umre;
 }
