@@ -54,7 +54,7 @@ void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int pol
     // each bucket's zacetek serves as its fill cursor, ending at the next
     // bucket's start, so the starts are shifted back afterwards.
     stanja.resize(stRastlin);
-    predali.assign(size_t(stPredalovX) * stPredalovZ + 1, {0, -INFINITY, 0});
+    predali.assign(size_t(stPredalovX) * stPredalovZ + 1, {0, -INFINITY});
     int k = 0;
     for (CVrstaRastlin& vrsta : rastlinskeVrste)
         for (const CRastlina& r : vrsta.ziviPrimerkiTeVrste)
@@ -74,7 +74,6 @@ void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int pol
             podrobnosti[i] = {r.pozicija3D.y, r.pozicijaMap2D.y * stTockX + r.pozicijaMap2D.x,
                               std::uint32_t(k) | (umreNeglede(r) ? bitNeglede : 0u)};
             predali[p].maxMoc = std::max(predali[p].maxMoc, moc);
-            predali[p].maxRadij = std::max(predali[p].maxRadij, r.trenutniRadij);
             ++k;
         }
     }
@@ -125,11 +124,13 @@ void CDominanceGrid::razvrstiPredal(int zacetek, int konec) {
 }
 
 // Buckets about one largest crown radius wide, so a query looks at a few
-// buckets per axis; their number stays in proportion to the plants.
+// buckets per axis; on a large terrain with wide empty parts there are at most
+// half as many as plants (a few more plants per bucket cost less than the
+// memory and cache misses of more bucket headers).
 void CDominanceGrid::dolociPredale(int stRastlin) {
     const double sirina = maxX - minX;
     const double globina = maxZ - minZ;
-    const double najvecPredalov = std::max(1.0 * stRastlin, 4096.0);
+    const double najvecPredalov = std::max(0.5 * stRastlin, 4096.0);
     velikostPredala = std::max(double(najvecjiRadij), 0.5);
     while ((sirina / velikostPredala + 1) * (globina / velikostPredala + 1) > najvecPredalov)
         velikostPredala *= 1.5;
@@ -182,10 +183,7 @@ template <typename F> void CDominanceGrid::preglej(const Iskalec& jaz, F&& naSos
             if (!(predali[p].maxMoc >= jaz.moc))
                 continue;
             const double oddaljenostX = doPredala(jaz.x, minX, px);
-            const double dosegPredala =
-                (double(jaz.radij) + predali[p].maxRadij) * rob + robDodatek;
-            if (oddaljenostX * oddaljenostX + oddaljenostZ * oddaljenostZ >
-                dosegPredala * dosegPredala)
+            if (oddaljenostX * oddaljenostX + oddaljenostZ * oddaljenostZ > d * d)
                 continue;
             for (int i = predali[p].zacetek; i < predali[p + 1].zacetek; ++i) {
                 const Zapis& s = zapisi[i];

@@ -59,9 +59,8 @@ private:
         std::uint32_t zaporedna; // place in the kill order; top bit: dies whatever happens
     };
     struct Predal {
-        int zacetek;    // first record; the next bucket's zacetek ends it
-        float maxMoc;   // no record of the bucket is stronger
-        float maxRadij; // nor has a larger crown
+        int zacetek;  // first record; the next bucket's zacetek ends it
+        float maxMoc; // no record of the bucket is stronger
     };
     // A plant as it looks for dominating neighbours.
     struct Iskalec {
