@@ -5,14 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <tuple>
-#include <utility>
-
-#if defined(__GNUC__)
-#define VIRELA_PREFETCH(p) __builtin_prefetch(p)
-#else
-#define VIRELA_PREFETCH(p) ((void)(p))
-#endif
+#include <numeric>
 
 namespace ecosystem {
 
@@ -24,10 +17,19 @@ namespace {
 // the heights; the margin lies far above float rounding.
 constexpr double rob = 1.0 + 1e-5;
 constexpr double robDodatek = 1e-3;
+
+constexpr std::uint32_t bitNeglede = 1u << 31; // top bit of Podrobnosti::zaporedna
+
+// What razresi settles for a plant; otherwise the place of an earlier
+// neighbour that may have died, with brezRezerve clear when there are more.
+constexpr std::int32_t niDominantnega = -1; // no neighbour can be alive at its turn
+constexpr std::int32_t zagotovo = -2;       // a dominating neighbour comes later
+constexpr std::int32_t neznano = -3;        // not settled: search at its turn
+constexpr std::int32_t seDrugi = 1 << 30;   // more earlier neighbours than the one kept
 } // namespace
 
-void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int polSirina,
-                            int stTockX) {
+void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int polSirina, int stTockX,
+                            const SmrtNeglede& umreNeglede) {
     this->polSirina = polSirina;
     this->stTockX = stTockX;
     int stRastlin = 0;
@@ -48,15 +50,15 @@ void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int pol
         minX = maxX = minZ = maxZ = 0;
     dolociPredale(stRastlin);
 
-    // Counting sort by bucket; vrstniRed first holds each plant's bucket, and
+    // Counting sort by bucket; stanja first holds each plant's bucket, and
     // each bucket's zacetek serves as its fill cursor, ending at the next
     // bucket's start, so the starts are shifted back afterwards.
-    vrstniRed.resize(stRastlin);
+    stanja.resize(stRastlin);
     predali.assign(size_t(stPredalovX) * stPredalovZ + 1, {0, -INFINITY});
     int k = 0;
     for (CVrstaRastlin& vrsta : rastlinskeVrste)
         for (const CRastlina& r : vrsta.ziviPrimerkiTeVrste)
-            ++predali[(vrstniRed[k++] = predal(r)) + 1].zacetek;
+            ++predali[(stanja[k++] = predal(r.pozicija3D.x, r.pozicija3D.z)) + 1].zacetek;
     for (size_t i = 1; i < predali.size(); ++i)
         predali[i].zacetek += predali[i - 1].zacetek;
 
@@ -65,11 +67,12 @@ void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int pol
     k = 0;
     for (CVrstaRastlin& vrsta : rastlinskeVrste) {
         for (CRastlina& r : vrsta.ziviPrimerkiTeVrste) {
-            const int p = vrstniRed[k];
+            const int p = stanja[k];
             const float moc = r.trenutnaMoc * vrsta.vplivMoci;
             const int i = predali[p].zacetek++;
             zapisi[i] = {r.pozicija3D.x, r.pozicija3D.z, r.trenutniRadij, moc};
-            podrobnosti[i].zaporedna = k; // the rest once the records are in place
+            podrobnosti[i] = {r.pozicija3D.y, r.pozicijaMap2D.y * stTockX + r.pozicijaMap2D.x,
+                              std::uint32_t(k) | (umreNeglede(r) ? bitNeglede : 0u)};
             predali[p].maxMoc = std::max(predali[p].maxMoc, moc);
             ++k;
         }
@@ -78,175 +81,210 @@ void CDominanceGrid::zgradi(std::vector<CVrstaRastlin>& rastlinskeVrste, int pol
         predali[p].zacetek = predali[p - 1].zacetek;
     predali[0].zacetek = 0;
     razvrstiPoMoci();
-    for (int i = 0; i < stRastlin; ++i)
-        vrstniRed[podrobnosti[i].zaporedna] = i;
-    k = 0;
-    for (CVrstaRastlin& vrsta : rastlinskeVrste) {
-        for (CRastlina& r : vrsta.ziviPrimerkiTeVrste) {
-            Podrobnosti& d = podrobnosti[vrstniRed[k++]];
-            d.y = r.pozicija3D.y;
-            d.celica = r.pozicijaMap2D.y * stTockX + r.pozicijaMap2D.x;
-            d.rastlina = &r;
-        }
-    }
+    mrtve.assign((size_t(stRastlin) + 63) / 64, 0);
+    razresiVnaprej();
     trenutna = -1;
-    trenutniZapis = -1;
 }
 
 // Within a bucket the strongest come first, so a scan stops at the first
-// weaker one. Only the kill-order place travels along; the rest of the details
-// are filled in afterwards.
+// weaker one.
 void CDominanceGrid::razvrstiPoMoci() {
-    std::vector<std::pair<Zapis, int>> predal;
-    for (size_t p = 0; p + 1 < predali.size(); ++p) {
-        const int zacetek = predali[p].zacetek;
-        const int konec = predali[p + 1].zacetek;
-        if (konec - zacetek < 2)
-            continue;
-        predal.clear();
-        for (int i = zacetek; i < konec; ++i)
-            predal.emplace_back(zapisi[i], podrobnosti[i].zaporedna);
-        std::stable_sort(predal.begin(), predal.end(),
-                         [](const auto& a, const auto& b) { return a.first.moc > b.first.moc; });
-        for (int i = zacetek; i < konec; ++i)
-            std::tie(zapisi[i], podrobnosti[i].zaporedna) = predal[i - zacetek];
+    for (size_t p = 0; p + 1 < predali.size(); ++p)
+        if (predali[p + 1].zacetek - predali[p].zacetek > 1)
+            razvrstiPredal(predali[p].zacetek, predali[p + 1].zacetek);
+}
+
+void CDominanceGrid::razvrstiPredal(int zacetek, int konec) {
+    auto mocnejsi = [this](int a, int b) { return zapisi[a].moc > zapisi[b].moc; };
+    if (konec - zacetek <= 24) { // the usual few: insertion in place
+        for (int i = zacetek + 1; i < konec; ++i) {
+            const Zapis z = zapisi[i];
+            const Podrobnosti d = podrobnosti[i];
+            int j = i;
+            for (; j > zacetek && zapisi[j - 1].moc < z.moc; --j) {
+                zapisi[j] = zapisi[j - 1];
+                podrobnosti[j] = podrobnosti[j - 1];
+            }
+            zapisi[j] = z;
+            podrobnosti[j] = d;
+        }
+        return;
     }
+    std::vector<int> red(konec - zacetek);
+    std::iota(red.begin(), red.end(), zacetek);
+    std::sort(red.begin(), red.end(), mocnejsi);
+    std::vector<Zapis> z(red.size());
+    std::vector<Podrobnosti> d(red.size());
+    for (size_t i = 0; i < red.size(); ++i) {
+        z[i] = zapisi[red[i]];
+        d[i] = podrobnosti[red[i]];
+    }
+    std::copy(z.begin(), z.end(), zapisi.begin() + zacetek);
+    std::copy(d.begin(), d.end(), podrobnosti.begin() + zacetek);
 }
 
 // Buckets about one largest crown radius wide, so a query looks at a few
-// buckets per axis; their number stays in proportion to the plants.
+// buckets per axis; on a large terrain with wide empty parts there are at most
+// half as many as plants (a few more plants per bucket cost less than the
+// memory and cache misses of more bucket headers).
 void CDominanceGrid::dolociPredale(int stRastlin) {
     const double sirina = maxX - minX;
     const double globina = maxZ - minZ;
-    const double najvecPredalov = std::max(1.0 * stRastlin, 4096.0);
+    const double najvecPredalov = std::max(0.5 * stRastlin, 4096.0);
     velikostPredala = std::max(double(najvecjiRadij), 0.5);
     while ((sirina / velikostPredala + 1) * (globina / velikostPredala + 1) > najvecPredalov)
         velikostPredala *= 1.5;
     stPredalovX = int(sirina / velikostPredala) + 1;
     stPredalovZ = int(globina / velikostPredala) + 1;
+    obratnaVelikost = 1.0 / velikostPredala;
+}
+
+// Any monotonic mapping serves, as long as records and searches share it.
+static int naPredal(double odmik, double obratnaVelikost, int stPredalov) {
+    const double i = odmik * obratnaVelikost;
+    if (!(i > 0))
+        return 0;
+    return i >= stPredalov - 1 ? stPredalov - 1 : int(i);
 }
 
 int CDominanceGrid::predalX(double x) const {
-    const double i = std::floor((x - minX) / velikostPredala);
-    return int(std::clamp(i, 0.0, double(stPredalovX - 1)));
+    return naPredal(x - minX, obratnaVelikost, stPredalovX);
 }
 
 int CDominanceGrid::predalZ(double z) const {
-    const double i = std::floor((z - minZ) / velikostPredala);
-    return int(std::clamp(i, 0.0, double(stPredalovZ - 1)));
+    return naPredal(z - minZ, obratnaVelikost, stPredalovZ);
 }
 
-int CDominanceGrid::predal(const CRastlina& rastlina) const {
-    return predalZ(rastlina.pozicija3D.z) * stPredalovX + predalX(rastlina.pozicija3D.x);
-}
-
-int CDominanceGrid::poisciZapis(const CRastlina& rastlina) const {
-    const int p = predal(rastlina);
-    for (int i = predali[p].zacetek; i < predali[p + 1].zacetek; ++i)
-        if (podrobnosti[i].rastlina == &rastlina)
-            return i;
-    return -1;
+int CDominanceGrid::predal(float x, float z) const {
+    return predalZ(z) * stPredalovX + predalX(x);
 }
 
 double CDominanceGrid::doseg(float radij) const {
     return (double(radij) + najvecjiRadij) * rob + robDodatek;
 }
 
-// Three places ahead the plant's own record is fetched, two places ahead the
-// bucket headers of its search rows, one place ahead the records they start.
-void CDominanceGrid::pripraviVnaprej(int zaporedna) const {
-    const int n = int(vrstniRed.size());
-    if (zaporedna + 24 < n) {
-        VIRELA_PREFETCH(&zapisi[vrstniRed[zaporedna + 24]]);
-        VIRELA_PREFETCH(&podrobnosti[vrstniRed[zaporedna + 24]]);
-    }
-    for (int korak : {16, 8}) {
-        if (zaporedna + korak >= n)
-            continue;
-        const Zapis& z = zapisi[vrstniRed[zaporedna + korak]];
-        const double d = doseg(z.radij);
-        const int x0 = predalX(z.x - d);
-        const int z0 = predalZ(z.z - d), z1 = predalZ(z.z + d);
-        for (int pz = z0; pz <= z1; ++pz) {
-            const Predal& glava = predali[pz * stPredalovX + x0];
-            if (korak == 16)
-                VIRELA_PREFETCH(&glava);
-            else
-                VIRELA_PREFETCH(&zapisi[std::min(glava.zacetek, n - 1)]);
-        }
-    }
+bool CDominanceGrid::jeMrtva(std::uint32_t zaporedna) const {
+    return (mrtve[zaporedna >> 6] >> (zaporedna & 63)) & 1u;
 }
 
-void CDominanceGrid::naslednjaRastlina(const CRastlina& rastlina) {
-    ++trenutna;
-    trenutniZapis = -1;
-    if (trenutna < int(vrstniRed.size()) &&
-        podrobnosti[vrstniRed[trenutna]].rastlina == &rastlina) {
-        trenutniZapis = vrstniRed[trenutna];
-        pripraviVnaprej(trenutna);
-    } else {
-        trenutniZapis = poisciZapis(rastlina); // announced out of order
-    }
-}
-
-void CDominanceGrid::odstrani(const CRastlina& rastlina) {
-    const int i = trenutniZapis >= 0 && podrobnosti[trenutniZapis].rastlina == &rastlina
-                      ? trenutniZapis
-                      : poisciZapis(rastlina);
-    if (i >= 0)
-        zapisi[i].moc = -INFINITY; // weaker than any plant: never dominates again
-}
-
-bool CDominanceGrid::vCelicahIskanja(int celica, int celicaX, int celicaY) const {
-    return std::abs(celica % stTockX - celicaX) <= polSirina &&
-           std::abs(celica / stTockX - celicaY) <= polSirina;
-}
-
-// Exactly CRastlina::presekaRadijRastline, on the copied position and radius.
-bool CDominanceGrid::sePrekrivata(const CRastlina& rastlina, const Zapis& sosed,
-                                  const Podrobnosti& podrobnosti) {
-    const double dx = double(rastlina.pozicija3D.x) - double(sosed.x);
-    const double dy = double(rastlina.pozicija3D.y) - double(podrobnosti.y);
-    const double dz = double(rastlina.pozicija3D.z) - double(sosed.z);
-    const float razdalja = static_cast<float>(std::sqrt(dx * dx + dy * dy + dz * dz));
-    return rastlina.trenutniRadij + sosed.radij > razdalja;
-}
-
-bool CDominanceGrid::imaDominantnegaSoseda(CRastlina& rastlina) const {
-    if (zapisi.empty())
-        return false;
-    const int jaz = trenutniZapis >= 0 && podrobnosti[trenutniZapis].rastlina == &rastlina
-                        ? trenutniZapis
-                        : poisciZapis(rastlina);
-    const float moc = rastlina.trenutnaMoc * rastlina.vrstaRastline->vplivMoci;
-    const double d = doseg(rastlina.trenutniRadij);
-    const double x = rastlina.pozicija3D.x;
-    const double z = rastlina.pozicija3D.z;
-    const int x0 = predalX(x - d), x1 = predalX(x + d);
-    const int z0 = predalZ(z - d), z1 = predalZ(z + d);
+template <typename F> void CDominanceGrid::preglej(const Iskalec& jaz, F&& naSosedu) const {
+    const double d = doseg(jaz.radij);
+    const int x0 = predalX(jaz.x - d), x1 = predalX(jaz.x + d);
+    const int z0 = predalZ(jaz.z - d), z1 = predalZ(jaz.z + d);
+    // Distance on the ground from the plant to a bucket's square, per axis.
+    auto doPredala = [this](double v, double min, int i) {
+        const double spodaj = min + i * velikostPredala;
+        return std::max({0.0, spodaj - v, v - (spodaj + velikostPredala)});
+    };
     for (int pz = z0; pz <= z1; ++pz) {
-        for (int p = pz * stPredalovX + x0; p <= pz * stPredalovX + x1; ++p) {
-            if (!(predali[p].maxMoc >= moc))
+        const double oddaljenostZ = doPredala(jaz.z, minZ, pz);
+        for (int px = x0; px <= x1; ++px) {
+            const int p = pz * stPredalovX + px;
+            if (!(predali[p].maxMoc >= jaz.moc))
+                continue;
+            const double oddaljenostX = doPredala(jaz.x, minX, px);
+            if (oddaljenostX * oddaljenostX + oddaljenostZ * oddaljenostZ > d * d)
                 continue;
             for (int i = predali[p].zacetek; i < predali[p + 1].zacetek; ++i) {
                 const Zapis& s = zapisi[i];
-                if (s.moc == -INFINITY || i == jaz)
-                    continue; // died in this kill phase, or the plant itself
-                if (!(s.moc >= moc))
+                if (!(s.moc >= jaz.moc))
                     break; // the rest of the bucket is weaker
-                const double dx = double(s.x) - x;
-                const double dz = double(s.z) - z;
-                const double vsota = (double(rastlina.trenutniRadij) + s.radij) * rob + robDodatek;
+                const double dx = double(s.x) - jaz.x;
+                const double dz = double(s.z) - jaz.z;
+                const double vsota = (double(jaz.radij) + s.radij) * rob + robDodatek;
                 if (dx * dx + dz * dz > vsota * vsota)
                     continue;
                 const Podrobnosti& o = podrobnosti[i];
-                if (sePrekrivata(rastlina, s, o) &&
-                    vCelicahIskanja(o.celica, rastlina.pozicijaMap2D.x, rastlina.pozicijaMap2D.y))
-                    return true;
+                const std::uint32_t zaporedna = o.zaporedna & ~bitNeglede;
+                if (zaporedna == jaz.zaporedna)
+                    continue; // the plant itself
+                // Exactly CRastlina::presekaRadijRastline, on the copied position and radius.
+                const double dy = jaz.y - double(o.y);
+                const float razdalja = static_cast<float>(std::sqrt(dx * dx + dy * dy + dz * dz));
+                if (!(jaz.radij + s.radij > razdalja))
+                    continue;
+                if (std::abs(o.celica % stTockX - jaz.celicaX) > polSirina ||
+                    std::abs(o.celica / stTockX - jaz.celicaY) > polSirina)
+                    continue;
+                if (naSosedu(o.zaporedna))
+                    return;
             }
         }
     }
-    return false;
+}
+
+// Bucket by bucket, so the neighbours looked at stay in the cache.
+void CDominanceGrid::razresiVnaprej() {
+    for (int i = 0; i < int(zapisi.size()); ++i) {
+        const std::uint32_t z = podrobnosti[i].zaporedna;
+        stanja[z & ~bitNeglede] = (z & bitNeglede) ? neznano : razresi(i);
+    }
+}
+
+std::int32_t CDominanceGrid::razresi(int zapis) const {
+    const Zapis& s = zapisi[zapis];
+    const Podrobnosti& o = podrobnosti[zapis];
+    const Iskalec jaz{s.x,
+                      o.y,
+                      s.z,
+                      s.radij,
+                      s.moc,
+                      o.celica % stTockX,
+                      o.celica / stTockX,
+                      o.zaporedna & ~bitNeglede};
+    std::int32_t stanje = niDominantnega;
+    preglej(jaz, [&](std::uint32_t sosed) {
+        const std::uint32_t zaporedna = sosed & ~bitNeglede;
+        if (zaporedna > jaz.zaporedna) {
+            stanje = zagotovo; // still alive at this plant's turn
+            return true;
+        }
+        if (sosed & bitNeglede)
+            return false; // gone before this plant's turn
+        if (stanje != niDominantnega) {
+            stanje |= seDrugi;
+            return true;
+        }
+        stanje = std::int32_t(zaporedna);
+        return false;
+    });
+    return stanje;
+}
+
+void CDominanceGrid::naslednjaRastlina() {
+    ++trenutna;
+}
+
+void CDominanceGrid::odstrani() {
+    if (trenutna >= 0 && trenutna < int(stanja.size()))
+        mrtve[size_t(trenutna) >> 6] |= std::uint64_t(1) << (trenutna & 63);
+}
+
+bool CDominanceGrid::imaDominantnegaSoseda(const CRastlina& rastlina) const {
+    if (trenutna < 0 || trenutna >= int(stanja.size()))
+        return false;
+    const std::int32_t stanje = stanja[trenutna];
+    if (stanje == niDominantnega)
+        return false;
+    if (stanje == zagotovo)
+        return true;
+    if (stanje != neznano) {
+        if (!jeMrtva(std::uint32_t(stanje & ~seDrugi)))
+            return true;
+        if (!(stanje & seDrugi))
+            return false;
+    }
+    const Iskalec jaz{rastlina.pozicija3D.x,
+                      rastlina.pozicija3D.y,
+                      rastlina.pozicija3D.z,
+                      rastlina.trenutniRadij,
+                      rastlina.trenutnaMoc * rastlina.vrstaRastline->vplivMoci,
+                      rastlina.pozicijaMap2D.x,
+                      rastlina.pozicijaMap2D.y,
+                      std::uint32_t(trenutna)};
+    bool najden = false;
+    preglej(jaz, [&](std::uint32_t sosed) { return najden = !jeMrtva(sosed & ~bitNeglede); });
+    return najden;
 }
 
 } // namespace ecosystem

@@ -206,9 +206,15 @@ float CEcosystemSimulation::izracunajUgodnostPogojev(CRastlina&) {
 }
 
 void CEcosystemSimulation::pobijRastline() {
+    // Old age and weakness take no draws and do not depend on the neighbours,
+    // so the grid can know them before the first plant is decided.
     dominanceGrid.zgradi(rastlinskeVrste, CVrstaRastlin::maxStKvadratovNajdemRadijSoseda,
-                         terrainData->stTockX);
+                         terrainData->stTockX, [this](CRastlina& rastlina) {
+                             return lifeFactors.umreZaradiStarosti(rastlina) ||
+                                    lifeFactors.umreZaradiSibkosti(rastlina);
+                         });
     lifeFactors.dominanceGrid = &dominanceGrid;
+    umrleVCelicah.clear();
     QElapsedTimer odlocanje;
     odlocanje.start();
     for (CVrstaRastlin& vrsta : rastlinskeVrste)
@@ -222,6 +228,31 @@ void CEcosystemSimulation::pobijRastline() {
     if (premaknjene) {
         izprazniIndeksCelic();
         napolniIndeksCelic();
+    } else {
+        odstraniUmrleIzCelic();
+    }
+    umrleVCelicah.clear();
+}
+
+// Each dead plant's pointer leaves its cell; the others keep their order, as
+// if each had been erased at the plant's death. Only the addresses are
+// compared: the plants themselves no longer exist.
+void CEcosystemSimulation::odstraniUmrleIzCelic() {
+    std::sort(umrleVCelicah.begin(), umrleVCelicah.end());
+    for (size_t i = 0; i < umrleVCelicah.size();) {
+        size_t konec = i;
+        while (konec < umrleVCelicah.size() && umrleVCelicah[konec].first == umrleVCelicah[i].first)
+            ++konec;
+        const auto prva = umrleVCelicah.begin() + i, zadnja = umrleVCelicah.begin() + konec;
+        std::vector<CRastlina*>& celica = rastlinePoTerenu[umrleVCelicah[i].first];
+        celica.erase(std::remove_if(celica.begin(), celica.end(),
+                                    [&](CRastlina* r) {
+                                        return std::binary_search(
+                                            prva, zadnja,
+                                            std::make_pair(umrleVCelicah[i].first, r));
+                                    }),
+                     celica.end());
+        i = konec;
     }
 }
 
@@ -229,18 +260,22 @@ void CEcosystemSimulation::pobijRastline() {
 // a clock read per plant would cost more than many of the decisions.
 bool CEcosystemSimulation::umreSedaj(CRastlina& rastlina) {
     CEcosystemSimulation& simulacija = *myStaticPtr;
-    if (simulacija.lifeFactors.dominanceGrid)
-        simulacija.dominanceGrid.naslednjaRastlina(rastlina);
+    const bool zMrezo = simulacija.lifeFactors.dominanceGrid != nullptr;
+    if (zMrezo)
+        simulacija.dominanceGrid.naslednjaRastlina();
     const bool umre = simulacija.lifeFactors.umreSedaj(rastlina);
     if (umre) {
-        std::vector<CRastlina*>& celica =
-            simulacija.rastlinePoTerenu[rastlina.pozicijaMap2D.y * simulacija.terrainData->stTockX +
-                                        rastlina.pozicijaMap2D.x];
-        const auto it = std::find(celica.begin(), celica.end(), &rastlina);
-        if (it != celica.end())
-            celica.erase(it);
-        if (simulacija.lifeFactors.dominanceGrid)
-            simulacija.dominanceGrid.odstrani(rastlina);
+        const int celica =
+            rastlina.pozicijaMap2D.y * simulacija.terrainData->stTockX + rastlina.pozicijaMap2D.x;
+        if (zMrezo) {
+            simulacija.dominanceGrid.odstrani();
+            simulacija.umrleVCelicah.emplace_back(celica, &rastlina);
+        } else {
+            std::vector<CRastlina*>& vCelici = simulacija.rastlinePoTerenu[celica];
+            const auto it = std::find(vCelici.begin(), vCelici.end(), &rastlina);
+            if (it != vCelici.end())
+                vCelici.erase(it);
+        }
     }
     return umre;
 }

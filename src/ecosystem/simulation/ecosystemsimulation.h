@@ -33,6 +33,10 @@ public:
     statistics::CEntitiesStatistics entitiesStatistics;
     QElapsedTimer timer;
     CDominanceGrid dominanceGrid; // reused by every kill phase
+    // Plants that died in the current kill phase, with their cells: while the
+    // grid answers the dominance question the cell index is read by no one, so
+    // they leave it together at the end of the phase.
+    std::vector<std::pair<int, simulationEntities::CRastlina*>> umrleVCelicah;
 
     static CEcosystemSimulation* myStaticPtr;
     static int casPobijanjaDominiranihRastlin;
@@ -71,6 +75,7 @@ private:
     int steviloCelic() const;
     void izprazniIndeksCelic();
     void napolniIndeksCelic();
+    void odstraniUmrleIzCelic();
     int elapsedAndRestart();
 };
 
