@@ -1,7 +1,9 @@
 // Frame time of the ecosystem view at 800 x 600 from the default camera, with
 // the simulation state of steps 30, 60 and 100: culling, tree generation and
 // submission, and the rest of the drawing (GL finish), and trees drawn per
-// level of detail. Run under Xvfb: xvfb-run -a bench_view [lastStep]
+// level of detail. Run under Xvfb: xvfb-run -a bench_view [lastStep [imageDir]]
+// With imageDir the last timed frame of every reported step is also written
+// there as frame_<step>.png (lossless), to compare renderings pixel by pixel.
 
 #include "arbo/arbo.h"
 #include "ecosystem/render/camera.h"
@@ -17,6 +19,7 @@
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QImage>
 
 #include <cstdio>
 #include <memory>
@@ -26,6 +29,7 @@ using namespace ecosystem;
 int main(int argc, char** argv) {
     QGuiApplication app(argc, argv);
     const int lastStep = argc > 1 ? std::atoi(argv[1]) : 100;
+    const QString imageDir = argc > 2 ? QString::fromLocal8Bit(argv[2]) : QString();
     OffscreenGl gl;
     if (!gl.create(800, 600)) {
         std::printf("no OpenGL context\n");
@@ -103,6 +107,8 @@ int main(int argc, char** argv) {
             treesMs += plants.treesMs;
             culling += plants.walkMs - plants.treesMs;
         }
+        if (!imageDir.isEmpty())
+            gl.fbo->toImage().save(imageDir + QString("/frame_%1.png").arg(step));
         std::printf("%d %d %d %.1f %.1f %.1f %.1f %.1f", step, living, visible, frame / frames,
                     culling / frames, treesMs / frames, finish / frames, 1000.0 * frames / frame);
         for (int n : plants.treesPerLod)
