@@ -88,7 +88,8 @@ void Arbo::postaviPrivzeteLastnostiDrevesa() {
 }
 
 void Arbo::upodobiPrikaz() {
-    postaviPrivzeteLastnostiDrevesa();
+    if (!pdZeNastavljen)
+        postaviPrivzeteLastnostiDrevesa();
     int stZil = pd.stVsehZil;
     double aktivnaVisina = pd.dolzinaDebla;
     if (pogled.animateGrow) {

@@ -25,6 +25,10 @@ public:
     float barvaStebla[3] = {1, 1, 1};
     Pogled pogled;
     SerializatorDelckovDrevesa serializatorDelckovDrevesa;
+    // Raised by a caller that draws this tree many times in a row without
+    // touching pdPrepared in between (the ecosystem plant walk) once it has
+    // copied pdPrepared into pd itself: the frames then skip the copy.
+    bool pdZeNastavljen = false;
 
     Arbo();
     ~Arbo();

@@ -17,6 +17,8 @@ inline float el(const float* m, int r, int c) {
     return m[c * 4 + r];
 }
 
+// p = a b. Row i of the product needs row i of a only, so p may be a: the
+// product is then taken in place (no temporary to copy back).
 void mnozi4(float* p, const float* a, const float* b) {
     for (int i = 0; i < 4; ++i) {
         const float ai0 = el(a, i, 0), ai1 = el(a, i, 1), ai2 = el(a, i, 2), ai3 = el(a, i, 3);
@@ -27,6 +29,7 @@ void mnozi4(float* p, const float* a, const float* b) {
 }
 
 // Both factors affine: the last row is (0, 0, 0, 1) and is not multiplied out.
+// In place as mnozi4.
 void mnozi34(float* p, const float* a, const float* b) {
     for (int i = 0; i < 3; ++i) {
         const float ai0 = el(a, i, 0), ai1 = el(a, i, 1), ai2 = el(a, i, 2), ai3 = el(a, i, 3);
@@ -40,10 +43,11 @@ void mnozi34(float* p, const float* a, const float* b) {
     el(p, 3, 3) = 1.0f;
 }
 
-bool rotacija(float* m, float kot, float x, float y, float z) {
-    const float s = sinf(float(kot * M_PI / 180.0));
-    const float c = cosf(float(kot * M_PI / 180.0));
-    std::memcpy(m, MatrikaSklad::identiteta().m, sizeof(float) * 16);
+const float enota[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+
+// The rotation by the angle with sine s and cosine c.
+bool rotacija(float* m, float s, float c, float x, float y, float z) {
+    std::memcpy(m, enota, sizeof enota);
     if (x == 0.0f && y == 0.0f && z != 0.0f) {
         el(m, 0, 0) = c;
         el(m, 1, 1) = c;
@@ -91,9 +95,23 @@ bool rotacija(float* m, float kot, float x, float y, float z) {
 
 Matrika MatrikaSklad::identiteta() {
     Matrika i;
-    for (int k = 0; k < 16; ++k)
-        i.m[k] = (k % 5 == 0) ? 1.0f : 0.0f;
+    std::memcpy(i.m, enota, sizeof enota);
     return i;
+}
+
+void MatrikaSklad::sinusInKosinus(float kot, float& s, float& c) {
+    std::uint32_t b;
+    std::memcpy(&b, &kot, sizeof b);
+    if (sinCos.empty())
+        sinCos.resize(stSinCos);
+    SinCos& e = sinCos[(b * 2654435769u) >> (32 - 12)];
+    if (e.kot != b) {
+        e.kot = b;
+        e.s = sinf(float(kot * M_PI / 180.0));
+        e.c = cosf(float(kot * M_PI / 180.0));
+    }
+    s = e.s;
+    c = e.c;
 }
 
 void MatrikaSklad::zacni(const Matrika& koren) {
@@ -123,7 +141,9 @@ void MatrikaSklad::loadIdentity() {
         glLoadIdentity();
         return;
     }
-    sklad.back() = {identiteta(), false};
+    Nivo& n = sklad.back();
+    std::memcpy(n.m.m, enota, sizeof enota);
+    n.splosna = false;
 }
 
 void MatrikaSklad::rotate(float kot, float x, float y, float z) {
@@ -133,16 +153,16 @@ void MatrikaSklad::rotate(float kot, float x, float y, float z) {
     }
     if (kot == 0.0f)
         return;
+    float s, c;
+    sinusInKosinus(kot, s, c);
     float r[16];
-    if (!rotacija(r, kot, x, y, z))
+    if (!rotacija(r, s, c, x, y, z))
         return;
     Nivo& n = sklad.back();
-    float p[16];
     if (n.splosna)
-        mnozi4(p, n.m.m, r);
+        mnozi4(n.m.m, n.m.m, r);
     else
-        mnozi34(p, n.m.m, r);
-    std::memcpy(n.m.m, p, sizeof p);
+        mnozi34(n.m.m, n.m.m, r);
 }
 
 void MatrikaSklad::translate(float x, float y, float z) {
@@ -163,9 +183,8 @@ void MatrikaSklad::multiply(const Matrika& b) {
         return;
     }
     Nivo& n = sklad.back();
-    float p[16];
-    mnozi4(p, n.m.m, b.m);
-    std::memcpy(n.m.m, p, sizeof p);
+    const Matrika desna = b; // b might be the current matrix itself
+    mnozi4(n.m.m, n.m.m, desna.m);
     n.splosna = true;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -16,9 +18,32 @@ public:
         float s, t;
         std::uint8_t barva[4];
     };
+    // A growing array that keeps its memory from frame to frame and appends
+    // without the per-element checks of std::vector.
+    template <class T> class Niz {
+    public:
+        // Room for k more elements at the end, to be written by the caller.
+        T* dodaj(std::size_t k) {
+            if (n + k > pomnilnik.size())
+                pomnilnik.resize(std::max(2 * pomnilnik.size(), n + k));
+            T* p = pomnilnik.data() + n;
+            n += k;
+            return p;
+        }
+        void push_back(const T& t) { *dodaj(1) = t; }
+        void clear() { n = 0; }
+        std::size_t size() const { return n; }
+        bool empty() const { return n == 0; }
+        const T* data() const { return pomnilnik.data(); }
+        const T& operator[](std::size_t i) const { return pomnilnik[i]; }
+
+    private:
+        std::vector<T> pomnilnik;
+        std::size_t n = 0;
+    };
     struct Paket {
-        std::vector<Oglisce> oglisca;
-        std::vector<std::uint32_t> indeksi; // triangles or line pairs; points use none
+        Niz<Oglisce> oglisca;
+        Niz<std::uint32_t> indeksi; // triangles or line pairs; points use none
     };
 
     Paket lubje; // stem triangles, bark texture

@@ -126,6 +126,12 @@ int VisiblePlantsRender::render(std::vector<simulationEntities::CVrstaRastlin>& 
                 pogled.orbit = rastlina.id * zasukNaId;
                 const double maxRatio = 1.0;
                 pogled.starostDrevesa = std::min(ratio, maxRatio);
+                // One copy of the parameters per model and walk instead of one per
+                // plant: nothing edits them while the walk runs.
+                if (!drevo->pdZeNastavljen) {
+                    drevo->postaviPrivzeteLastnostiDrevesa();
+                    drevo->pdZeNastavljen = true;
+                }
                 const int lod = levelOfDetail.getLODcase(rastlina.pozicija3D);
                 ++treesPerLod[lod];
                 QElapsedTimer treeTimer;
@@ -137,6 +143,10 @@ int VisiblePlantsRender::render(std::vector<simulationEntities::CVrstaRastlin>& 
         }
         stevilaUpodobljenihRastlin.push_back(stRenderiranihDrevesVrste);
     }
+
+    for (arbo::Arbo* a : izglediDrevesnihVrst)
+        if (a)
+            a->pdZeNastavljen = false;
 
     treesMs = treesNs / 1e6;
     walkMs = walkTimer.nsecsElapsed() / 1e6;
