@@ -7,6 +7,10 @@
 #include <cmath>
 #include <vector>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace arbo {
 
 DelckiDrevesa::DelckiDrevesa(Pogled& pogled, SerializatorDelckovDrevesa& serializatorDelckovDrevesa)
@@ -40,17 +44,44 @@ const std::uint8_t* DelckiDrevesa::barvaZaOglisca() {
     return barvaOglisc;
 }
 
+#ifdef __SSE2__
+// Four rows at once; each lane adds its products in the scalar order and SSE
+// rounds each step as scalar single precision does: the same bits.
+namespace {
+inline __m128 stolpecKrat(const float* m, int c, float s) {
+    return _mm_mul_ps(_mm_loadu_ps(m + 4 * c), _mm_set1_ps(s));
+}
+} // namespace
+#endif
+
 void DelckiDrevesa::normala(float* n, const float* m, float nx, float ny, float nz) {
+#ifdef __SSE2__
+    float v[4];
+    _mm_storeu_ps(v, _mm_add_ps(_mm_add_ps(stolpecKrat(m, 0, nx), stolpecKrat(m, 1, ny)),
+                                stolpecKrat(m, 2, nz)));
+    n[0] = v[0];
+    n[1] = v[1];
+    n[2] = v[2];
+#else
     n[0] = m[0] * nx + m[4] * ny + m[8] * nz;
     n[1] = m[1] * nx + m[5] * ny + m[9] * nz;
     n[2] = m[2] * nx + m[6] * ny + m[10] * nz;
+#endif
 }
 
 void DelckiDrevesa::oglisce(MrezaDrevesa::Oglisce& o, const float* m, float x, float y, float z,
                             const float* n, const std::uint8_t* b, float s, float t) {
+#ifdef __SSE2__
+    // Writes x, y, z and a scratch value over nx, set just below.
+    _mm_storeu_ps(&o.x,
+                  _mm_add_ps(_mm_add_ps(_mm_add_ps(stolpecKrat(m, 0, x), stolpecKrat(m, 1, y)),
+                                        stolpecKrat(m, 2, z)),
+                             _mm_loadu_ps(m + 12)));
+#else
     o.x = m[0] * x + m[4] * y + m[8] * z + m[12];
     o.y = m[1] * x + m[5] * y + m[9] * z + m[13];
     o.z = m[2] * x + m[6] * y + m[10] * z + m[14];
+#endif
     o.nx = n[0];
     o.ny = n[1];
     o.nz = n[2];
@@ -239,11 +270,14 @@ void DelckiDrevesa::narisiListe(int tipListov, double velikost, double globinaVe
     if (n <= 0)
         return;
     const Tocka& v = vektorZasukaVeter;
-    const double fi =
-        std::fabs(std::asin(std::sqrt(double(v.y) * v.y + double(v.z) * v.z)) * 180.0 / M_PI);
     double a = maxKotZasukaVetra;
-    if (std::fabs(a) > fi)
-        a = a > 0 ? fi : -fi;
+    // Without flutter (a = 0) the limit cannot change a: no arc sine needed.
+    if (a != 0) {
+        const double fi =
+            std::fabs(std::asin(std::sqrt(double(v.y) * v.y + double(v.z) * v.z)) * 180.0 / M_PI);
+        if (std::fabs(a) > fi)
+            a = a > 0 ? fi : -fi;
+    }
     const double kot = std::sin(1.97 * pogled.cas) * a;
     double delcek = globinaVejice / n;
     if (pogled.wireframe) {

@@ -5,6 +5,10 @@
 #include <cmath>
 #include <cstring>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace arbo {
 
 namespace {
@@ -17,6 +21,49 @@ inline float el(const float* m, int r, int c) {
     return m[c * 4 + r];
 }
 
+#ifdef __SSE2__
+// The products column by column, four rows at once: every lane adds its
+// products in the same order as the scalar code below and SSE rounds each step
+// exactly as scalar single precision does (no fused multiply-add), so the
+// results are the same bits.
+inline __m128 stolpec(const float* m, int c) {
+    return _mm_loadu_ps(m + 4 * c);
+}
+inline __m128 krat(__m128 v, float s) {
+    return _mm_mul_ps(v, _mm_set1_ps(s));
+}
+
+// p = a b; p may be a.
+void mnozi4(float* p, const float* a, const float* b) {
+    const __m128 a0 = stolpec(a, 0), a1 = stolpec(a, 1), a2 = stolpec(a, 2), a3 = stolpec(a, 3);
+    __m128 r[4];
+    for (int j = 0; j < 4; ++j) {
+        const float* bj = b + 4 * j;
+        r[j] = _mm_add_ps(_mm_add_ps(_mm_add_ps(krat(a0, bj[0]), krat(a1, bj[1])), krat(a2, bj[2])),
+                          krat(a3, bj[3]));
+    }
+    for (int j = 0; j < 4; ++j)
+        _mm_storeu_ps(p + 4 * j, r[j]);
+}
+
+// Both factors affine: the last row is (0, 0, 0, 1) and is not multiplied out.
+void mnozi34(float* p, const float* a, const float* b) {
+    const __m128 a0 = stolpec(a, 0), a1 = stolpec(a, 1), a2 = stolpec(a, 2), a3 = stolpec(a, 3);
+    const __m128 brezZadnje = _mm_castsi128_ps(_mm_set_epi32(0, -1, -1, -1));
+    __m128 r[4];
+    for (int j = 0; j < 3; ++j) {
+        const float* bj = b + 4 * j;
+        r[j] = _mm_and_ps(_mm_add_ps(_mm_add_ps(krat(a0, bj[0]), krat(a1, bj[1])), krat(a2, bj[2])),
+                          brezZadnje);
+    }
+    const float* b3 = b + 12;
+    r[3] =
+        _mm_add_ps(_mm_add_ps(_mm_add_ps(krat(a0, b3[0]), krat(a1, b3[1])), krat(a2, b3[2])), a3);
+    r[3] = _mm_or_ps(_mm_and_ps(r[3], brezZadnje), _mm_set_ps(1.0f, 0.0f, 0.0f, 0.0f));
+    for (int j = 0; j < 4; ++j)
+        _mm_storeu_ps(p + 4 * j, r[j]);
+}
+#else
 // p = a b. Row i of the product needs row i of a only, so p may be a: the
 // product is then taken in place (no temporary to copy back).
 void mnozi4(float* p, const float* a, const float* b) {
@@ -42,6 +89,7 @@ void mnozi34(float* p, const float* a, const float* b) {
     el(p, 3, 2) = 0.0f;
     el(p, 3, 3) = 1.0f;
 }
+#endif
 
 const float enota[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 
@@ -171,10 +219,18 @@ void MatrikaSklad::translate(float x, float y, float z) {
         return;
     }
     float* m = sklad.back().m.m;
+#ifdef __SSE2__
+    const __m128 t =
+        _mm_add_ps(_mm_add_ps(_mm_add_ps(krat(stolpec(m, 0), x), krat(stolpec(m, 1), y)),
+                              krat(stolpec(m, 2), z)),
+                   stolpec(m, 3));
+    _mm_storeu_ps(m + 12, t);
+#else
     m[12] = m[0] * x + m[4] * y + m[8] * z + m[12];
     m[13] = m[1] * x + m[5] * y + m[9] * z + m[13];
     m[14] = m[2] * x + m[6] * y + m[10] * z + m[14];
     m[15] = m[3] * x + m[7] * y + m[11] * z + m[15];
+#endif
 }
 
 void MatrikaSklad::multiply(const Matrika& b) {
