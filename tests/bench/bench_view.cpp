@@ -1,7 +1,10 @@
 // Frame time of the ecosystem view at 800 x 600 from the default camera, with
 // the simulation state of steps 30, 60 and 100: culling, tree generation and
 // submission, and the rest of the drawing (GL finish), and trees drawn per
-// level of detail. Run under Xvfb: xvfb-run -a bench_view [lastStep [imageDir]]
+// level of detail; also the CPU time of the main thread and of the whole
+// process (llvmpipe's rasteriser threads included) per frame, steadier than
+// wall time on a busy machine.
+// Run under Xvfb: xvfb-run -a bench_view [lastStep [imageDir [gen]]]
 // With imageDir the last timed frame of every reported step is also written
 // there as frame_<step>.png (lossless), to compare renderings pixel by pixel.
 
@@ -31,9 +34,9 @@ using namespace ecosystem;
 namespace {
 // CPU time of the calling thread: less disturbed than wall time by other
 // programs on a busy machine; it leaves out llvmpipe's rasteriser threads.
-double cpuMs() {
+double cpuMs(clockid_t ura = CLOCK_THREAD_CPUTIME_ID) {
     timespec t;
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
+    clock_gettime(ura, &t);
     return t.tv_sec * 1e3 + t.tv_nsec / 1e6;
 }
 } // namespace
@@ -87,8 +90,8 @@ int main(int argc, char** argv) {
     glEnable(GL_LIGHT0);
     glEnable(GL_COLOR_MATERIAL);
 
-    std::printf(
-        "step living visible frame_ms culling_ms trees_ms finish_ms fps main_cpu_ms lod0..9\n");
+    std::printf("step living visible frame_ms culling_ms trees_ms finish_ms fps main_cpu_ms "
+                "all_cpu_ms lod0..9\n");
     for (int step = 1; step <= lastStep; ++step) {
         QElapsedTimer simTimer;
         simTimer.start();
@@ -98,13 +101,13 @@ int main(int argc, char** argv) {
         int living = 0;
         for (auto& v : simulation.rastlinskeVrste)
             living += int(v.ziviPrimerkiTeVrste.size());
-        double frame = 0, culling = 0, treesMs = 0, finish = 0, cpu = 0;
+        double frame = 0, culling = 0, treesMs = 0, finish = 0, cpu = 0, cpuVse = 0;
         int visible = 0;
         const int frames = 4;
         for (int f = 0; f < frames + 1; ++f) { // the first frame warms up
             QElapsedTimer t;
             t.start();
-            const double cpu0 = cpuMs();
+            const double cpu0 = cpuMs(), cpuVse0 = cpuMs(CLOCK_PROCESS_CPUTIME_ID);
             glClearColor(1, 1, 1, 1);
             glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
             glLoadIdentity();
@@ -121,15 +124,16 @@ int main(int argc, char** argv) {
                 continue;
             finish += fin.nsecsElapsed() / 1e6;
             cpu += cpuMs() - cpu0;
+            cpuVse += cpuMs(CLOCK_PROCESS_CPUTIME_ID) - cpuVse0;
             frame += t.nsecsElapsed() / 1e6;
             treesMs += plants.treesMs;
             culling += plants.walkMs - plants.treesMs;
         }
         if (!imageDir.isEmpty())
             gl.fbo->toImage().save(imageDir + QString("/frame_%1.png").arg(step));
-        std::printf("%d %d %d %.1f %.1f %.1f %.1f %.1f %.1f", step, living, visible, frame / frames,
-                    culling / frames, treesMs / frames, finish / frames, 1000.0 * frames / frame,
-                    cpu / frames);
+        std::printf("%d %d %d %.1f %.1f %.1f %.1f %.1f %.1f %.1f", step, living, visible,
+                    frame / frames, culling / frames, treesMs / frames, finish / frames,
+                    1000.0 * frames / frame, cpu / frames, cpuVse / frames);
         for (int n : plants.treesPerLod)
             std::printf(" %d", n);
         std::printf("  (sim step %.0f ms)\n", simTimer.nsecsElapsed() / 1e6);
