@@ -42,6 +42,8 @@ public:
     void nastaviBarvo(float r, float g, float b, float a = 1.0f);
     // Draws what the CPU path gathered this frame and empties it.
     void narisiZbrano();
+    // The current drawing colour (r, g, b, a).
+    const float* trenutnaBarva() const { return barva; }
 
 private:
     float barva[4] = {1, 1, 1, 1};

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace arbo {
@@ -24,9 +25,9 @@ public:
     public:
         // Room for k more elements at the end, to be written by the caller.
         T* dodaj(std::size_t k) {
-            if (n + k > pomnilnik.size())
-                pomnilnik.resize(std::max(2 * pomnilnik.size(), n + k));
-            T* p = pomnilnik.data() + n;
+            if (n + k > kapaciteta)
+                povecaj(n + k);
+            T* p = pomnilnik.get() + n;
             n += k;
             return p;
         }
@@ -34,12 +35,20 @@ public:
         void clear() { n = 0; }
         std::size_t size() const { return n; }
         bool empty() const { return n == 0; }
-        const T* data() const { return pomnilnik.data(); }
+        const T* data() const { return pomnilnik.get(); }
         const T& operator[](std::size_t i) const { return pomnilnik[i]; }
 
     private:
-        std::vector<T> pomnilnik;
-        std::size_t n = 0;
+        std::unique_ptr<T[]> pomnilnik; // elements past n are not initialised
+        std::size_t n = 0, kapaciteta = 0;
+
+        void povecaj(std::size_t najmanj) {
+            const std::size_t nova = std::max(2 * kapaciteta, najmanj);
+            std::unique_ptr<T[]> p(new T[nova]);
+            std::copy(pomnilnik.get(), pomnilnik.get() + n, p.get());
+            pomnilnik = std::move(p);
+            kapaciteta = nova;
+        }
     };
     struct Paket {
         Niz<Oglisce> oglisca;

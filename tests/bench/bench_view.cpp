@@ -4,7 +4,8 @@
 // level of detail; also the CPU time of the main thread and of the whole
 // process (llvmpipe's rasteriser threads included) per frame, steadier than
 // wall time on a busy machine.
-// Run under Xvfb: xvfb-run -a bench_view [lastStep [imageDir [gen]]]
+// Run under Xvfb: xvfb-run -a bench_view [lastStep [imageDir [gen|seq]]]
+// VIEW_FRAMES=n times n frames per reported step instead of 4.
 // With imageDir the last timed frame of every reported step is also written
 // there as frame_<step>.png (lossless), to compare renderings pixel by pixel.
 
@@ -45,8 +46,10 @@ int main(int argc, char** argv) {
     QGuiApplication app(argc, argv);
     const int lastStep = argc > 1 ? std::atoi(argv[1]) : 100;
     const QString imageDir = argc > 2 ? QString::fromLocal8Bit(argv[2]) : QString();
-    // "gen" as the third argument grows the trees without drawing them.
-    const bool samoRast = argc > 3 && std::string(argv[3]) == "gen";
+    // "gen" as the third argument grows the trees without drawing them, "seq"
+    // grows and draws every tree in turn on the drawing thread.
+    const std::string nacin = argc > 3 ? argv[3] : "";
+    const bool samoRast = nacin == "gen";
     OffscreenGl gl;
     if (!gl.create(800, 600)) {
         std::printf("no OpenGL context\n");
@@ -79,6 +82,7 @@ int main(int argc, char** argv) {
     render::Terrain terrain(&gl.context, &terrainData);
     terrain.initGLContexMultitextureAndArrays();
     render::VisiblePlantsRender plants;
+    plants.vzporedno = nacin != "seq";
 
     glViewport(0, 0, 800, 600);
     glMatrixMode(GL_PROJECTION);
@@ -103,7 +107,7 @@ int main(int argc, char** argv) {
             living += int(v.ziviPrimerkiTeVrste.size());
         double frame = 0, culling = 0, treesMs = 0, finish = 0, cpu = 0, cpuVse = 0;
         int visible = 0;
-        const int frames = 4;
+        const int frames = getenv("VIEW_FRAMES") ? atoi(getenv("VIEW_FRAMES")) : 4;
         for (int f = 0; f < frames + 1; ++f) { // the first frame warms up
             QElapsedTimer t;
             t.start();
