@@ -121,7 +121,7 @@ class TestPlantDrawingPaths : public QObject {
         glEnable(GL_BLEND);
     }
 
-    // Three frames of the walk, the last with neighbourhood disks in wire frame.
+    // Three frames of the walk.
     std::vector<QImage> frames(Modeli& modeli, bool vzporedno, std::vector<bool>& parallel) {
         ecosystem::render::Camera camera(nullptr, data.get());
         camera.x = 0.0f;
@@ -131,9 +131,11 @@ class TestPlantDrawingPaths : public QObject {
         render.vzporedno = vzporedno;
         render.najmanjKosovZaVzporedno = 0;
         std::vector<QImage> slike;
-        for (int f = 0; f < 3; ++f) {
+        // Plain, wire frame, and with the neighbourhood disks between the trees.
+        const VisiblePlantsRender::Flags flagsOfFrame[3] = {
+            {false, false, true, false}, {false, false, true, true}, {true, false, true, false}};
+        for (const VisiblePlantsRender::Flags& flags : flagsOfFrame) {
             setUpView();
-            const VisiblePlantsRender::Flags flags{f == 2, false, true, f == 2};
             std::vector<int> counts;
             render.render(vrste, modeli.izgledi, izbrano, camera, flags, counts);
             for (int lod = 0; lod < 10; ++lod)
