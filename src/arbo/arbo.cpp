@@ -88,9 +88,32 @@ void Arbo::postaviPrivzeteLastnostiDrevesa() {
 }
 
 void Arbo::upodobiPrikaz() {
-    postaviPrivzeteLastnostiDrevesa();
-    int stZil = pd.stVsehZil;
-    double aktivnaVisina = pd.dolzinaDebla;
+    int stZil;
+    double aktivnaVisina;
+    zacniOkvir(stZil, aktivnaVisina);
+
+    SerializatorDelckovDrevesa& ser = serializatorDelckovDrevesa;
+    if (ser.exportingToPoints)
+        ser.zacniSerializacijo(fileNameExportCRS, pogled.highQualityRendering ? 16 : 4);
+    nastaviStanjeGl();
+    // The CPU stack starts from OpenGL's current model-view matrix.
+    Matrika koren = MatrikaSklad::identiteta();
+    if (!sklad().naGl)
+        glGetFloatv(GL_MODELVIEW_MATRIX, koren.m);
+    zrasti(stZil, aktivnaVisina, koren);
+    delckiDrevesa.narisiZbrano();
+
+    if (ser.exportingToPoints) {
+        ser.koncajSerializacijo();
+        ser.exportingToPoints = false;
+    }
+}
+
+void Arbo::zacniOkvir(int& stZil, double& aktivnaVisina) {
+    if (!pdZeNastavljen)
+        postaviPrivzeteLastnostiDrevesa();
+    stZil = pd.stVsehZil;
+    aktivnaVisina = pd.dolzinaDebla;
     if (pogled.animateGrow) {
         // The strand count takes the growth factor before the step, the height after it.
         double r = pogled.starostDrevesa;
@@ -111,11 +134,9 @@ void Arbo::upodobiPrikaz() {
     idVejaNext = 1;
     const double s = std::sin(pogled.cas);
     delckiDrevesa.maxKotZasukaVetra = pogled.animateWindSway ? s * s * 50 + 20 : 0;
+}
 
-    SerializatorDelckovDrevesa& ser = serializatorDelckovDrevesa;
-    if (ser.exportingToPoints)
-        ser.zacniSerializacijo(fileNameExportCRS, pogled.highQualityRendering ? 16 : 4);
-
+void Arbo::nastaviStanjeGl() {
     if (pogled.wireframe) {
         glDisable(GL_BLEND);
         glDisable(GL_TEXTURE_2D);
@@ -128,23 +149,15 @@ void Arbo::upodobiPrikaz() {
         glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, 1);
         glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
     }
+}
 
+void Arbo::zrasti(int stZil, double aktivnaVisina, const Matrika& koren) {
     delckiDrevesa.stSegmentov = 0;
     delckiDrevesa.stListov = 0;
-    if (!sklad().naGl) {
-        // The CPU stack starts from OpenGL's current model-view matrix.
-        Matrika koren;
-        glGetFloatv(GL_MODELVIEW_MATRIX, koren.m);
+    if (!sklad().naGl)
         sklad().zacni(koren);
-    }
     const Matrika I = MatrikaSklad::identiteta();
     drevca(stZil, 0, 0, 1.0, aktivnaVisina, I, I, nullptr, 0);
-    delckiDrevesa.narisiZbrano();
-
-    if (ser.exportingToPoints) {
-        ser.koncajSerializacijo();
-        ser.exportingToPoints = false;
-    }
 }
 
 void Arbo::drevca(int stZil, int G, int W, double karakteristicnaVisina, double aktivnaVisina,

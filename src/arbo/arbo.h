@@ -2,6 +2,7 @@
 
 #include "arbo/delckidrevesa.h"
 #include "arbo/matrika.h"
+#include "arbo/matrikasklad.h"
 #include "arbo/parametridrevesa.h"
 #include "arbo/pogled.h"
 #include "arbo/presek.h"
@@ -25,6 +26,10 @@ public:
     float barvaStebla[3] = {1, 1, 1};
     Pogled pogled;
     SerializatorDelckovDrevesa serializatorDelckovDrevesa;
+    // Raised by a caller that draws this tree many times in a row without
+    // touching pdPrepared in between (the ecosystem plant walk) once it has
+    // copied pdPrepared into pd itself: the frames then skip the copy.
+    bool pdZeNastavljen = false;
 
     Arbo();
     ~Arbo();
@@ -39,6 +44,17 @@ public:
     void drawSingleTreeAwayLOD(int lod);
     void upodobiPrikaz();
     void postaviPrivzeteLastnostiDrevesa();
+
+    // The three parts of a frame, for callers that grow trees on other threads
+    // and draw them in order (the ecosystem plant walk):
+    // the frame's start: working parameters, growth, spin, wind phase, flutter;
+    // gives the strand count and the trunk height of this frame.
+    void zacniOkvir(int& stZil, double& aktivnaVisina);
+    // The render state every frame sets before its geometry.
+    void nastaviStanjeGl();
+    // Grows the tree from the model-view matrix koren into the pieces' mesh
+    // (no OpenGL calls on the CPU path; delckiDrevesa.narisiZbrano draws it).
+    void zrasti(int stZil, double aktivnaVisina, const Matrika& koren);
 
 private:
     MatrikaSklad& sklad() { return delckiDrevesa.sklad; }

@@ -7,6 +7,10 @@
 #include <cmath>
 #include <vector>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace arbo {
 
 DelckiDrevesa::DelckiDrevesa(Pogled& pogled, SerializatorDelckovDrevesa& serializatorDelckovDrevesa)
@@ -17,6 +21,7 @@ void DelckiDrevesa::nastaviBarvo(float r, float g, float b, float a) {
     barva[1] = g;
     barva[2] = b;
     barva[3] = a;
+    barvaOgliscVeljavna = false;
     if (sklad.naGl)
         glColor4f(r, g, b, a);
 }
@@ -30,29 +35,75 @@ void DelckiDrevesa::narisiZbrano() {
     glColor4fv(barva);
 }
 
-MrezaDrevesa::Oglisce DelckiDrevesa::oglisce(const float* m, float x, float y, float z, float nx,
-                                             float ny, float nz, float s, float t) const {
-    MrezaDrevesa::Oglisce o;
+const std::uint8_t* DelckiDrevesa::barvaZaOglisca() {
+    if (!barvaOgliscVeljavna) {
+        for (int i = 0; i < 4; ++i)
+            barvaOglisc[i] = std::uint8_t(std::clamp(barva[i], 0.0f, 1.0f) * 255.0f + 0.5f);
+        barvaOgliscVeljavna = true;
+    }
+    return barvaOglisc;
+}
+
+#ifdef __SSE2__
+// Four rows at once; each lane adds its products in the scalar order and SSE
+// rounds each step as scalar single precision does: the same bits.
+namespace {
+inline __m128 stolpecKrat(const float* m, int c, float s) {
+    return _mm_mul_ps(_mm_loadu_ps(m + 4 * c), _mm_set1_ps(s));
+}
+} // namespace
+#endif
+
+void DelckiDrevesa::normala(float* n, const float* m, float nx, float ny, float nz) {
+#ifdef __SSE2__
+    float v[4];
+    _mm_storeu_ps(v, _mm_add_ps(_mm_add_ps(stolpecKrat(m, 0, nx), stolpecKrat(m, 1, ny)),
+                                stolpecKrat(m, 2, nz)));
+    n[0] = v[0];
+    n[1] = v[1];
+    n[2] = v[2];
+#else
+    n[0] = m[0] * nx + m[4] * ny + m[8] * nz;
+    n[1] = m[1] * nx + m[5] * ny + m[9] * nz;
+    n[2] = m[2] * nx + m[6] * ny + m[10] * nz;
+#endif
+}
+
+void DelckiDrevesa::oglisce(MrezaDrevesa::Oglisce& o, const float* m, float x, float y, float z,
+                            const float* n, const std::uint8_t* b, float s, float t) {
+#ifdef __SSE2__
+    // Writes x, y, z and a scratch value over nx, set just below.
+    _mm_storeu_ps(&o.x,
+                  _mm_add_ps(_mm_add_ps(_mm_add_ps(stolpecKrat(m, 0, x), stolpecKrat(m, 1, y)),
+                                        stolpecKrat(m, 2, z)),
+                             _mm_loadu_ps(m + 12)));
+#else
     o.x = m[0] * x + m[4] * y + m[8] * z + m[12];
     o.y = m[1] * x + m[5] * y + m[9] * z + m[13];
     o.z = m[2] * x + m[6] * y + m[10] * z + m[14];
-    o.nx = m[0] * nx + m[4] * ny + m[8] * nz;
-    o.ny = m[1] * nx + m[5] * ny + m[9] * nz;
-    o.nz = m[2] * nx + m[6] * ny + m[10] * nz;
+#endif
+    o.nx = n[0];
+    o.ny = n[1];
+    o.nz = n[2];
     o.s = s;
     o.t = t;
     for (int i = 0; i < 4; ++i)
-        o.barva[i] = std::uint8_t(std::clamp(barva[i], 0.0f, 1.0f) * 255.0f + 0.5f);
-    return o;
+        o.barva[i] = b[i];
 }
 
 void DelckiDrevesa::crta(const float* m, float x0, float y0, float z0, float s0, float x1, float y1,
                          float z1, float s1) {
     MrezaDrevesa::Paket& p = mreza.crte;
-    p.indeksi.push_back(std::uint32_t(p.oglisca.size()));
-    p.oglisca.push_back(oglisce(m, x0, y0, z0, 0, 1, 0, s0, 0));
-    p.indeksi.push_back(std::uint32_t(p.oglisca.size()));
-    p.oglisca.push_back(oglisce(m, x1, y1, z1, 0, 1, 0, s1, 0));
+    float n[3];
+    normala(n, m, 0, 1, 0);
+    const std::uint8_t* b = barvaZaOglisca();
+    const std::uint32_t a = std::uint32_t(p.oglisca.size());
+    MrezaDrevesa::Oglisce* o = p.oglisca.dodaj(2);
+    oglisce(o[0], m, x0, y0, z0, n, b, s0, 0);
+    oglisce(o[1], m, x1, y1, z1, n, b, s1, 0);
+    std::uint32_t* k = p.indeksi.dodaj(2);
+    k[0] = a;
+    k[1] = a + 1;
 }
 
 void DelckiDrevesa::narisiSteblo(double visina, double sirinaSpodaj, double sirinaZgoraj,
@@ -134,22 +185,28 @@ void DelckiDrevesa::valj(double b, double t, double h) {
     const float zNormala = dolzina > 0 ? float((b - t) / dolzina) : 0.0f;
     const float xyNormala = dolzina > 0 ? float(h / dolzina) : 1.0f;
     const float* m = sklad.m();
+    // Every ring has the same normals.
+    float normale[11][3];
+    for (int i = 0; i <= slices; ++i)
+        normala(normale[i], m, xyNormala * sn[i], zNormala, -xyNormala * cs[i]);
+    const std::uint8_t* barvaB = barvaZaOglisca();
     MrezaDrevesa::Paket& p = mreza.lubje;
     const std::uint32_t prvi = std::uint32_t(p.oglisca.size());
+    MrezaDrevesa::Oglisce* o = p.oglisca.dodaj(std::size_t((stacks + 1) * (slices + 1)));
     for (int j = 0; j <= stacks; ++j) {
         const float r = float(b - (b - t) * (double(j) / stacks));
         const float y = float(j * h / stacks);
         for (int i = 0; i <= slices; ++i)
-            p.oglisca.push_back(oglisce(m, r * sn[i], y, -r * cs[i], xyNormala * sn[i], zNormala,
-                                        -xyNormala * cs[i], 1.0f - float(i) / slices,
-                                        float(j) / stacks));
+            oglisce(*o++, m, r * sn[i], y, -r * cs[i], normale[i], barvaB, 1.0f - float(i) / slices,
+                    float(j) / stacks);
     }
+    std::uint32_t* k = p.indeksi.dodaj(std::size_t(6 * stacks * slices));
     for (int j = 0; j < stacks; ++j)
         for (int i = 0; i < slices; ++i) {
             const std::uint32_t a = prvi + std::uint32_t(j * (slices + 1) + i);
             const std::uint32_t c = a + std::uint32_t(slices + 1);
-            for (std::uint32_t k : {a, c, a + 1, c, c + 1, a + 1})
-                p.indeksi.push_back(k);
+            for (std::uint32_t v : {a, c, a + 1, c, c + 1, a + 1})
+                *k++ = v;
         }
 }
 
@@ -169,20 +226,29 @@ void DelckiDrevesa::risiList(float velikost) {
         glEnd();
     } else {
         const float* m = sklad.m();
+        float n[3];
+        normala(n, m, 0, 1, 0);
+        const std::uint8_t* b = barvaZaOglisca();
         if (!samoTocka) {
             // The disk's four corners at 0, 90, 180, 270 degrees, texture mapped
             // as the quadric maps it.
             MrezaDrevesa::Paket& p = mreza.listi;
             const std::uint32_t a = std::uint32_t(p.oglisca.size());
             const float v = velikost;
-            p.oglisca.push_back(oglisce(m, 0, 0, -v, 0, 1, 0, 0.5f, 1.0f));
-            p.oglisca.push_back(oglisce(m, v, 0, 0, 0, 1, 0, 1.0f, 0.5f));
-            p.oglisca.push_back(oglisce(m, 0, 0, v, 0, 1, 0, 0.5f, 0.0f));
-            p.oglisca.push_back(oglisce(m, -v, 0, 0, 0, 1, 0, 0.0f, 0.5f));
-            for (std::uint32_t k : {a, a + 1, a + 2, a, a + 2, a + 3})
-                p.indeksi.push_back(k);
+            MrezaDrevesa::Oglisce* o = p.oglisca.dodaj(4);
+            oglisce(o[0], m, 0, 0, -v, n, b, 0.5f, 1.0f);
+            oglisce(o[1], m, v, 0, 0, n, b, 1.0f, 0.5f);
+            oglisce(o[2], m, 0, 0, v, n, b, 0.5f, 0.0f);
+            oglisce(o[3], m, -v, 0, 0, n, b, 0.0f, 0.5f);
+            std::uint32_t* k = p.indeksi.dodaj(6);
+            k[0] = a;
+            k[1] = a + 1;
+            k[2] = a + 2;
+            k[3] = a;
+            k[4] = a + 2;
+            k[5] = a + 3;
         }
-        mreza.tocke.oglisca.push_back(oglisce(m, 0, 0, 0, 0, 1, 0, 0.5f, 1.0f));
+        oglisce(*mreza.tocke.oglisca.dodaj(1), m, 0, 0, 0, n, b, 0.5f, 1.0f);
     }
     nastaviBarvo(0.5f, 0.5f, 0.5f, 1.0f);
 }
@@ -204,11 +270,14 @@ void DelckiDrevesa::narisiListe(int tipListov, double velikost, double globinaVe
     if (n <= 0)
         return;
     const Tocka& v = vektorZasukaVeter;
-    const double fi =
-        std::fabs(std::asin(std::sqrt(double(v.y) * v.y + double(v.z) * v.z)) * 180.0 / M_PI);
     double a = maxKotZasukaVetra;
-    if (std::fabs(a) > fi)
-        a = a > 0 ? fi : -fi;
+    // Without flutter (a = 0) the limit cannot change a: no arc sine needed.
+    if (a != 0) {
+        const double fi =
+            std::fabs(std::asin(std::sqrt(double(v.y) * v.y + double(v.z) * v.z)) * 180.0 / M_PI);
+        if (std::fabs(a) > fi)
+            a = a > 0 ? fi : -fi;
+    }
     const double kot = std::sin(1.97 * pogled.cas) * a;
     double delcek = globinaVejice / n;
     if (pogled.wireframe) {

@@ -7,6 +7,8 @@
 #include "arbo/serializatordelckovdrevesa.h"
 #include "arbo/tocka.h"
 
+#include <cstdint>
+
 namespace arbo {
 
 // Draws one stem segment or the leaves of one twig in the current frame of the
@@ -40,9 +42,14 @@ public:
     void nastaviBarvo(float r, float g, float b, float a = 1.0f);
     // Draws what the CPU path gathered this frame and empties it.
     void narisiZbrano();
+    // The current drawing colour (r, g, b, a).
+    const float* trenutnaBarva() const { return barva; }
 
 private:
     float barva[4] = {1, 1, 1, 1};
+    // `barva` as the vertices store it, worked out when first needed after a change.
+    std::uint8_t barvaOglisc[4] = {255, 255, 255, 255};
+    bool barvaOgliscVeljavna = true;
 
     void list(float velikost, int idVeje);
     void zalistaj(double kotZasukaVeter, const Tocka& v);
@@ -51,8 +58,12 @@ private:
     void zicnatoSteblo(double b, double t, double h);
     void crta(const float* m, float x0, float y0, float z0, float s0, float x1, float y1, float z1,
               float s1);
-    MrezaDrevesa::Oglisce oglisce(const float* m, float x, float y, float z, float nx, float ny,
-                                  float nz, float s, float t) const;
+    const std::uint8_t* barvaZaOglisca();
+    // A vertex at (x, y, z) of the frame m with the normal n already in eye coordinates.
+    static void oglisce(MrezaDrevesa::Oglisce& o, const float* m, float x, float y, float z,
+                        const float* n, const std::uint8_t* b, float s, float t);
+    // The normal (nx, ny, nz) of the frame m in eye coordinates.
+    static void normala(float* n, const float* m, float nx, float ny, float nz);
 };
 
 } // namespace arbo

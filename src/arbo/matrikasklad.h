@@ -2,6 +2,7 @@
 
 #include "arbo/matrika.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace arbo {
@@ -38,7 +39,17 @@ private:
         Matrika m;
         bool splosna; // a general product was taken: no affine shortcut
     };
+    // sinf and cosf of an angle, by the angle's bits: a tree turns by the same
+    // few angles over and over (leaf spirals, phyllotaxis, branchings).
+    struct SinCos {
+        std::uint32_t kot = 0; // +0 is never looked up: a zero turn is skipped
+        float s = 0, c = 0;
+    };
+    static constexpr int stSinCos = 4096;
     std::vector<Nivo> sklad;
+    std::vector<SinCos> sinCos; // made on the first turn: many stacks never turn
+
+    void sinusInKosinus(float kot, float& s, float& c);
 };
 
 } // namespace arbo

@@ -31,7 +31,9 @@ void narisiPaket(const MrezaDrevesa::Paket& p, GLenum nacin, GLuint tekstura) {
     if (p.indeksi.empty())
         glDrawArrays(nacin, 0, GLsizei(p.oglisca.size()));
     else
-        glDrawElements(nacin, GLsizei(p.indeksi.size()), GL_UNSIGNED_INT, p.indeksi.data());
+        // The index range given saves the driver a pass over the indices.
+        glDrawRangeElements(nacin, 0, GLuint(p.oglisca.size() - 1), GLsizei(p.indeksi.size()),
+                            GL_UNSIGNED_INT, p.indeksi.data());
 }
 } // namespace
 

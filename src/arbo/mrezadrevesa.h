@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace arbo {
@@ -16,9 +19,40 @@ public:
         float s, t;
         std::uint8_t barva[4];
     };
+    // A growing array that keeps its memory from frame to frame and appends
+    // without the per-element checks of std::vector.
+    template <class T> class Niz {
+    public:
+        // Room for k more elements at the end, to be written by the caller.
+        T* dodaj(std::size_t k) {
+            if (n + k > kapaciteta)
+                povecaj(n + k);
+            T* p = pomnilnik.get() + n;
+            n += k;
+            return p;
+        }
+        void push_back(const T& t) { *dodaj(1) = t; }
+        void clear() { n = 0; }
+        std::size_t size() const { return n; }
+        bool empty() const { return n == 0; }
+        const T* data() const { return pomnilnik.get(); }
+        const T& operator[](std::size_t i) const { return pomnilnik[i]; }
+
+    private:
+        std::unique_ptr<T[]> pomnilnik; // elements past n are not initialised
+        std::size_t n = 0, kapaciteta = 0;
+
+        void povecaj(std::size_t najmanj) {
+            const std::size_t nova = std::max(2 * kapaciteta, najmanj);
+            std::unique_ptr<T[]> p(new T[nova]);
+            std::copy(pomnilnik.get(), pomnilnik.get() + n, p.get());
+            pomnilnik = std::move(p);
+            kapaciteta = nova;
+        }
+    };
     struct Paket {
-        std::vector<Oglisce> oglisca;
-        std::vector<std::uint32_t> indeksi; // triangles or line pairs; points use none
+        Niz<Oglisce> oglisca;
+        Niz<std::uint32_t> indeksi; // triangles or line pairs; points use none
     };
 
     Paket lubje; // stem triangles, bark texture
