@@ -21,6 +21,14 @@ public:
     std::unique_ptr<QOpenGLFramebufferObject> fbo;
 
     bool ustvari(int w = 800, int h = 600) {
+        if (!ustvariKontekst(w, h))
+            return false;
+        nastaviStanje(w, h);
+        return true;
+    }
+
+    // The context and its frame buffer alone, OpenGL's default state untouched.
+    bool ustvariKontekst(int w, int h) {
         QSurfaceFormat f;
         f.setVersion(2, 1);
         f.setProfile(QSurfaceFormat::CompatibilityProfile);
@@ -33,9 +41,7 @@ public:
             return false;
         fbo = std::make_unique<QOpenGLFramebufferObject>(
             w, h, QOpenGLFramebufferObject::CombinedDepthStencil);
-        fbo->bind();
-        nastaviStanje(w, h);
-        return true;
+        return fbo->bind();
     }
 
     static void nastaviStanje(int w, int h) {
