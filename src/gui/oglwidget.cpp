@@ -44,6 +44,7 @@ void OglWidget::setFixedGlState() {
     const GLfloat ambient[] = {1, 1, 1, 1};
     glLightModelfv(GL_LIGHT_MODEL_AMBIENT, ambient);
     glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, GL_TRUE);
+    // Set again, as the view always has: the call sequence stays the documented one.
     glColorMaterial(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE);
     glEnable(GL_COLOR_MATERIAL);
     glEnable(GL_TEXTURE_2D);

@@ -86,6 +86,27 @@ void drawNeighbourhood(const simulationEntities::CRastlina& rastlina, int tip, G
     glEnable(GL_DEPTH_TEST);
 }
 
+// Sets the model's view settings for this plant and returns its level of
+// detail. The parameters are copied once per model and walk instead of once per
+// plant: nothing edits them while the walk runs.
+int setUpModelForPlant(arbo::Arbo& drevo, const simulationEntities::CRastlina& rastlina,
+                       const arbo::Arbo& izbranoArbo, const CLevelOfDetail& levelOfDetail,
+                       const VisiblePlantsRender::Flags& flags) {
+    arbo::Pogled& pogled = drevo.pogled;
+    pogled.wireframe = flags.wireframe;
+    pogled.animateWindSway = izbranoArbo.pogled.animateWindSway;
+    pogled.animateOrbitAround = izbranoArbo.pogled.animateOrbitAround;
+    pogled.animateGrow = true;
+    pogled.orbit = rastlina.id * zasukNaId;
+    const double ratio = rastlina.trenutnaVelikost, maxRatio = 1.0;
+    pogled.starostDrevesa = std::min(ratio, maxRatio);
+    if (!drevo.pdZeNastavljen) {
+        drevo.postaviPrivzeteLastnostiDrevesa();
+        drevo.pdZeNastavljen = true;
+    }
+    return levelOfDetail.getLODcase(rastlina.pozicija3D);
+}
+
 } // namespace
 
 // The trees of a walk grown on a second thread. Every model gets a twin that
@@ -280,25 +301,14 @@ void VisiblePlantsRender::pripraviRast(int izgled, arbo::Arbo& drevo,
                                        const simulationEntities::CRastlina& rastlina, int tip,
                                        const arbo::Arbo& izbranoArbo,
                                        const CLevelOfDetail& levelOfDetail, const Flags& flags) {
-    arbo::Pogled& pogled = drevo.pogled;
-    pogled.wireframe = flags.wireframe;
-    pogled.animateWindSway = izbranoArbo.pogled.animateWindSway;
-    pogled.animateOrbitAround = izbranoArbo.pogled.animateOrbitAround;
-    pogled.animateGrow = true;
-    pogled.orbit = rastlina.id * zasukNaId;
-    pogled.starostDrevesa = std::min(double(rastlina.trenutnaVelikost), 1.0);
-    const int lod = levelOfDetail.getLODcase(rastlina.pozicija3D);
+    const int lod = setUpModelForPlant(drevo, rastlina, izbranoArbo, levelOfDetail, flags);
     ++treesPerLod[lod];
-    if (!drevo.pdZeNastavljen) {
-        drevo.postaviPrivzeteLastnostiDrevesa();
-        drevo.pdZeNastavljen = true;
-    }
     Rastoci::Posel& p = rastoci->prost(izgled, flags);
     p.rastlina = &rastlina;
     p.tip = tip;
-    pogled.lowQuality = lod;
+    drevo.pogled.lowQuality = lod;
     drevo.zacniOkvir(p.stZil, p.aktivnaVisina);
-    p.pogled = pogled;
+    p.pogled = drevo.pogled;
     p.maxKotZasukaVetra = drevo.delckiDrevesa.maxKotZasukaVetra;
     p.idVejaNext = drevo.idVejaNext;
     glPushMatrix();
@@ -360,27 +370,13 @@ int VisiblePlantsRender::render(std::vector<simulationEntities::CVrstaRastlin>& 
             }
 
             glPushMatrix();
-            const double ratio = rastlina.trenutnaVelikost;
             glTranslatef(rastlina.pozicija3D.x, rastlina.pozicija3D.y, rastlina.pozicija3D.z);
             if (flags.showNeighborHood)
                 drawNeighbourhood(rastlina, vrsta.tip, drevo->pogled.kvadraticnePloskve,
                                   flags.lightingEnabled);
             if (!flags.doNotDrawTrees) {
-                arbo::Pogled& pogled = drevo->pogled;
-                pogled.wireframe = flags.wireframe;
-                pogled.animateWindSway = izbranoArbo.pogled.animateWindSway;
-                pogled.animateOrbitAround = izbranoArbo.pogled.animateOrbitAround;
-                pogled.animateGrow = true;
-                pogled.orbit = rastlina.id * zasukNaId;
-                const double maxRatio = 1.0;
-                pogled.starostDrevesa = std::min(ratio, maxRatio);
-                // One copy of the parameters per model and walk instead of one per
-                // plant: nothing edits them while the walk runs.
-                if (!drevo->pdZeNastavljen) {
-                    drevo->postaviPrivzeteLastnostiDrevesa();
-                    drevo->pdZeNastavljen = true;
-                }
-                const int lod = levelOfDetail.getLODcase(rastlina.pozicija3D);
+                const int lod =
+                    setUpModelForPlant(*drevo, rastlina, izbranoArbo, levelOfDetail, flags);
                 ++treesPerLod[lod];
                 QElapsedTimer treeTimer;
                 treeTimer.start();
