@@ -1,6 +1,6 @@
 #include "arbo/arbo.h"
-#include "arbo/glokolje.h"
 #include "arbo/neodvisnarast.h"
+#include "support/glcontext.h"
 
 #include <QtTest>
 
@@ -96,7 +96,7 @@ struct Izpeljava {
 
 class TestArbo : public QObject {
     Q_OBJECT
-    GlOkolje gl;
+    OffscreenGl gl;
 
     std::string izvozi(Arbo& a, const QString& ime) {
         a.markSerializingToFile(ime.toStdString());
@@ -142,7 +142,7 @@ class TestArbo : public QObject {
     }
 
 private slots:
-    void initTestCase() { QVERIFY(gl.ustvari()); }
+    void initTestCase() { QVERIFY(gl.createWithViewState()); }
 
     void defaultTreeRecords() {
         Arbo a;

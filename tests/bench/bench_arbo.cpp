@@ -11,8 +11,8 @@
 // Run under xvfb-run with QT_QPA_PLATFORM=xcb.
 
 #include "arbo/arbo.h"
-#include "arbo/glokolje.h"
 #include "arbo/gltexture.h"
+#include "support/glcontext.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -125,8 +125,8 @@ int main(int argc, char** argv) {
         else if (a == "--wind")
             veter = true;
     }
-    GlOkolje gl;
-    if (!gl.ustvari(800, 600)) {
+    OffscreenGl gl;
+    if (!gl.createWithViewState(800, 600)) {
         std::fprintf(stderr, "no OpenGL context\n");
         return 1;
     }

@@ -17,7 +17,7 @@
 #include "ecosystem/simulation/data/terraindata.h"
 #include "ecosystem/simulation/ecosystemsimulation.h"
 
-#include "ecosystem/render/offscreengl.h"
+#include "support/glcontext.h"
 
 #include <GL/glu.h>
 

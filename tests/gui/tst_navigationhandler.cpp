@@ -5,7 +5,7 @@
 #include "ecosystem/simulation/data/terraindata.h"
 #include "gui/navigationpanel.h"
 
-#include "ecosystem/render/offscreengl.h"
+#include "support/glcontext.h"
 
 #include <QtTest>
 

@@ -1,7 +1,7 @@
 #include "ecosystem/render/camera.h"
 #include "ecosystem/simulation/data/terraindata.h"
 
-#include "ecosystem/render/offscreengl.h"
+#include "support/glcontext.h"
 
 #include <GL/gl.h>
 

@@ -1,8 +1,9 @@
 #include "arbo/arbo.h"
-#include "arbo/glokolje.h"
 #include "arbo/usermessage.h"
 #include "ecosystem/render/camera.h"
 #include "ecosystem/render/ecosystemrender.h"
+#include "support/glcontext.h"
+#include "support/messagecatcher.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -16,16 +17,13 @@ using ecosystem::render::EcosystemRender;
 // The scene's own behaviour: its trees, switches and tree actions.
 class TestEcosystemRender : public QObject {
     Q_OBJECT
-    GlOkolje gl;
+    OffscreenGl gl;
     std::unique_ptr<EcosystemRender> scene;
-    QStringList messages;
+    MessageCatcher catcher;
 
 private slots:
     void initTestCase() {
-        arbo::setUserMessageHandler([this](const std::string& title, const std::string& text) {
-            messages << QString::fromStdString(title + ": " + text);
-        });
-        QVERIFY(gl.ustvari());
+        QVERIFY(gl.createWithViewState());
         // The working directory has no tree collection: six default trees.
         scene = std::make_unique<EcosystemRender>(&gl.context, nullptr);
     }
@@ -125,10 +123,11 @@ private slots:
         const GLuint bark = tree->pogled.textureNames[0];
         const GLuint leaf = tree->pogled.textureNames[1];
         const std::string old = tree->pdPrepared.barkTextureFileName;
-        messages.clear();
+        catcher.messages.clear();
         tree->pdPrepared.barkTextureFileName = "no/such/bark.jpg";
         scene->reloadCurrentTreeTextures();
-        QCOMPARE(messages, QStringList("Error: Could not open bark texture file."));
+        QCOMPARE(catcher.lines(),
+                 std::vector<std::string>{"Error: Could not open bark texture file."});
         QCOMPARE(tree->pogled.textureNames[0], bark);
         QCOMPARE(tree->pogled.textureNames[1], leaf);
         tree->pdPrepared.barkTextureFileName = old;
@@ -144,9 +143,9 @@ private slots:
         arbo::Arbo* tree = scene->getIzbranoArbo();
         tree->pdPrepared.barkTextureFileName = QString(dir + "\\b.png").toStdString();
         tree->pdPrepared.leafTextureFileName = QString(dir + "\\l.png").toStdString();
-        messages.clear();
+        catcher.messages.clear();
         scene->reloadCurrentTreeTextures();
-        QVERIFY2(messages.isEmpty(), qPrintable(messages.join(";")));
+        QVERIFY(catcher.messages.empty());
         QVERIFY(tree->pogled.textureNames[0] != 0 && tree->pogled.textureNames[1] != 0);
         QVERIFY(glIsTexture(tree->pogled.textureNames[0]));
     }

@@ -4,7 +4,7 @@
 #include "ecosystem/simulation/data/terraindata.h"
 
 #include "arbo/gltexture.h"
-#include "ecosystem/render/offscreengl.h"
+#include "support/glcontext.h"
 
 #include <GL/glu.h>
 

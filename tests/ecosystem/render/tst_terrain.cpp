@@ -2,7 +2,7 @@
 #include "ecosystem/simulation/data/terraindata.h"
 
 #include "arbo/gltexture.h"
-#include "ecosystem/render/offscreengl.h"
+#include "support/glcontext.h"
 
 #include <GL/gl.h>
 

@@ -7,7 +7,7 @@
 #include "ecosystem/simulation/entities/vrstarastlin.h"
 #include "ecosystem/simulation/statistics/entitiesstatistics.h"
 
-#include "ecosystem/render/offscreengl.h"
+#include "support/glcontext.h"
 
 #include <GL/glu.h>
 

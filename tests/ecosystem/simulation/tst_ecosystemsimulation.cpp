@@ -5,7 +5,8 @@
 #include "ecosystem/simulation/ecosystemsimulation.h"
 #include "ecosystem/simulation/sejaleckjerkolirastlinnateren.h"
 #include "ecosystem/simulation/sejalecrastlinnateren.h"
-#include "ecosystem/simulation/testterrain.h"
+#include "support/messagecatcher.h"
+#include "support/terrain.h"
 
 #include <QFile>
 #include <QtTest>
@@ -135,15 +136,10 @@ void zapisi(const QString& ime, const QByteArray& vsebina) {
 class TestEcosystemSimulation : public QObject {
     Q_OBJECT
 
-    std::vector<std::string> sporocila;
+    MessageCatcher catcher;
 
 private slots:
-    void initTestCase() {
-        arbo::setUserMessageHandler([this](const std::string& naslov, const std::string& besedilo) {
-            sporocila.push_back(naslov + ": " + besedilo);
-        });
-    }
-    void init() { sporocila.clear(); }
+    void init() { catcher.messages.clear(); }
 
     void seedsInTableOrder() {
         CEcosystemSimulation s;
@@ -511,8 +507,8 @@ private slots:
         QCOMPARE(CRastlina::lastID, lastId);
         QCOMPARE(s.entitiesStatistics.grafiStevilaRastlin[0]->tocke.size(), tocke);
         QCOMPARE(teren.lupaXmax, 75);
-        QCOMPARE(sporocila.size(), size_t(1));
-        QCOMPARE(QString::fromStdString(sporocila[0]), sporocilo);
+        QCOMPARE(catcher.messages.size(), size_t(1));
+        QCOMPARE(QString::fromStdString(catcher.lines()[0]), sporocilo);
         QCOMPARE(QString::fromStdString(izhod.err.str()),
                  neujemanje ? QString("Number of species size mismatch!\n") : QString());
         QVERIFY(izhod.out.str().empty());
@@ -525,8 +521,8 @@ private slots:
         s.simulateNextStep();
         Izhod izhod;
         s.saveSimulation("no-such-folder/x.sim");
-        QCOMPARE(sporocila.size(), size_t(1));
-        QCOMPARE(QString::fromStdString(sporocila[0]),
+        QCOMPARE(catcher.messages.size(), size_t(1));
+        QCOMPARE(QString::fromStdString(catcher.lines()[0]),
                  QString("Error: Could not save simulation file."));
         QVERIFY(izhod.out.str().empty());
     }

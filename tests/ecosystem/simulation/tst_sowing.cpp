@@ -3,7 +3,7 @@
 #include "ecosystem/simulation/sejaleckjerkolirastlinnateren.h"
 #include "ecosystem/simulation/sejalecrastlinnateren.h"
 #include "ecosystem/simulation/statistics/entitiesstatistics.h"
-#include "ecosystem/simulation/testterrain.h"
+#include "support/terrain.h"
 
 #include <QtTest>
 

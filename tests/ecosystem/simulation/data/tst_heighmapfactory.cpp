@@ -1,7 +1,8 @@
 #include "ecosystem/simulation/data/heighmapfactory.h"
 #include "ecosystem/simulation/data/terraindata.h"
 
-#include "ecosystem/simulation/data/terrainfixture.h"
+#include "support/messagecatcher.h"
+#include "support/terrain.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -12,7 +13,6 @@ using arbo::Tocka;
 using ecosystem::data::CHeighMapFactory;
 using ecosystem::data::CTerrainData;
 using ecosystem::data::mixPixels;
-using terraintest::MessageCatcher;
 
 namespace {
 
@@ -58,7 +58,7 @@ private slots:
                                        "999 999 999\n"); // more than needed: ignored
         MessageCatcher catcher;
         CTerrainData t;
-        terraintest::reshape(t, 3, 2, [](int, int) { return 0.0f; });
+        testterrain::reshape(t, 3, 2, [](int, int) { return 0.0f; });
         CHeighMapFactory(&t).loadDmrHeighMap(path.toLocal8Bit().constData());
         QVERIFY(catcher.messages.empty());
         QCOMPARE(t.dmrMinX, 100.0f);
@@ -82,7 +82,7 @@ private slots:
         QTemporaryDir dir;
         const QString path = writeFile(dir, "loose.dmr", "  1\t2 3.5e1\r\n4\n5\n+6  ");
         CTerrainData t;
-        terraintest::reshape(t, 2, 1, [](int, int) { return 0.0f; });
+        testterrain::reshape(t, 2, 1, [](int, int) { return 0.0f; });
         MessageCatcher catcher;
         CHeighMapFactory(&t).loadDmrHeighMap(path.toLocal8Bit().constData());
         QVERIFY(catcher.messages.empty());
@@ -108,7 +108,7 @@ private slots:
         QTemporaryDir dir;
         const QString path = writeFile(dir, "short.dmr", "0 0 300\n25 0 310\n50 0 305\n\n\n");
         CTerrainData t;
-        terraintest::reshape(t, 2, 2, [](int x, int y) { return float(x + y); });
+        testterrain::reshape(t, 2, 2, [](int x, int y) { return float(x + y); });
         t.visinskaRazlikaNaTerenu = 123.0f;
         MessageCatcher catcher;
         CHeighMapFactory(&t).loadDmrHeighMap(path.toLocal8Bit().constData());
@@ -201,7 +201,7 @@ private slots:
     void orthoPhotoIsHalfBrightAndGridRowZeroIsAtTheBottom() {
         CTerrainData t;
         // Low ground (0) on grid rows 0 .. 49, the top (100) on rows 50 .. 99.
-        terraintest::reshape(t, 100, 100, [](int, int y) { return y < 50 ? 0.0f : 100.0f; });
+        testterrain::reshape(t, 100, 100, [](int, int y) { return y < 50 ? 0.0f : 100.0f; });
         std::unique_ptr<QImage> orto(t.heighMapFactory->produceOrtoFotoTexture());
         QCOMPARE(orto->size(), QSize(128, 128));
         QCOMPARE(orto->format(), QImage::Format_RGB32);

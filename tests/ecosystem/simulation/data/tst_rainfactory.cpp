@@ -3,7 +3,7 @@
 #include "ecosystem/simulation/data/terraindata.h"
 #include "ecosystem/simulation/data/terrainnormalsfactory.h"
 
-#include "ecosystem/simulation/data/terrainfixture.h"
+#include "support/terrain.h"
 
 #include <QtTest>
 
@@ -41,7 +41,7 @@ class TestRainFactory : public QObject {
 private slots:
     void neighboursAndMarkers() {
         CTerrainData t;
-        terraintest::reshape(t, 4, 3, [](int x, int y) { return float(10 * y + x); });
+        testterrain::reshape(t, 4, 3, [](int x, int y) { return float(10 * y + x); });
         CRainFactory rain(t);
         QCOMPARE(rain.flowPower, 10.0f);
         QCOMPARE(rain.mapNeighborPosition(5, 0), 1);
@@ -61,7 +61,7 @@ private slots:
 
     void rainFallsAndWaterCollectsUnderTheLevel() {
         CTerrainData t;
-        terraintest::reshape(t, 5, 1, [](int x, int) { return float(x); }); // 0 .. 4
+        testterrain::reshape(t, 5, 1, [](int x, int) { return float(x); }); // 0 .. 4
         t.waterHeight = 0.5f; // level 2 m: heights 0 and 1 lie under water
         CRainFactory rain(t);
         rain.init();
@@ -75,7 +75,7 @@ private slots:
 
     void steepPeakSendsAQuarterToEachNeighbour() {
         CTerrainData t;
-        terraintest::reshape(t, 5, 5, [](int x, int y) { return x == 2 && y == 2 ? 10.0f : 0.0f; });
+        testterrain::reshape(t, 5, 5, [](int x, int y) { return x == 2 && y == 2 ? 10.0f : 0.0f; });
         buildInclination(t);
         // The peak spans (50,10,50), (75,0,50), (50,0,75): normal (250, 625, 250)/718.07.
         QVERIFY(std::fabs(t.terrainInclination[12] - (1 - 625 / std::sqrt(515625.0))) < 1e-5);
@@ -90,7 +90,7 @@ private slots:
 
     void gentleSlopeSendsTenTimesItsInclination() {
         CTerrainData t;
-        terraintest::reshape(t, 3, 3, [](int x, int y) {
+        testterrain::reshape(t, 3, 3, [](int x, int y) {
             return x == 1 && y == 1 ? 5.0f : (x == 1 && y == 0 ? 10.0f : 0.0f);
         });
         CRainFactory rain(t);
@@ -110,7 +110,7 @@ private slots:
 
     void hollowKeepsItsWater() {
         CTerrainData t;
-        terraintest::reshape(t, 3, 3, [](int x, int y) { return x == 1 && y == 1 ? 0.0f : 9.0f; });
+        testterrain::reshape(t, 3, 3, [](int x, int y) { return x == 1 && y == 1 ? 0.0f : 9.0f; });
         CRainFactory rain(t);
         rain.init();
         t.terrainMoisture.assign(9, 1.0f);
@@ -144,7 +144,7 @@ private slots:
 
     void smoothingIsInPlaceThenEdgesClearedAndCapped() {
         CTerrainData t;
-        terraintest::reshape(t, 4, 3, [](int, int) { return 0.0f; });
+        testterrain::reshape(t, 4, 3, [](int, int) { return 0.0f; });
         CRainFactory rain(t);
         rain.init();
         t.terrainMoisture = {0.1f, 0.2f, 0.3f, 0.4f, 0.5f, 0.0f,
@@ -164,7 +164,7 @@ private slots:
 
     void flatTerrainEndsWetExceptRowAndColumnZero() {
         CTerrainData t;
-        terraintest::reshape(t, 7, 6, [](int, int) { return 4.0f; });
+        testterrain::reshape(t, 7, 6, [](int, int) { return 4.0f; });
         buildInclination(t);
         CRainFactory(t).buildRain();
         for (int y = 0; y < 6; ++y)
@@ -189,7 +189,7 @@ private slots:
 
     void dumpWritesOneLinePerNode() {
         CTerrainData t;
-        terraintest::reshape(t, 3, 2, [](int x, int y) { return float(x + 3 * y); });
+        testterrain::reshape(t, 3, 2, [](int x, int y) { return float(x + 3 * y); });
         buildInclination(t);
         CRainFactory rain(t);
         rainAndFlow(rain);

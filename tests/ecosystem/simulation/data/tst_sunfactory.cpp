@@ -2,7 +2,7 @@
 #include "ecosystem/simulation/data/terraindata.h"
 #include "ecosystem/simulation/data/terrainnormalsfactory.h"
 
-#include "ecosystem/simulation/data/terrainfixture.h"
+#include "support/terrain.h"
 
 #include <QtTest>
 
@@ -197,7 +197,7 @@ private slots:
 
     void stepsFollowTheHorizontalDirection() {
         CTerrainData t;
-        terraintest::reshape(t, 5, 5, [](int, int) { return 0.0f; });
+        testterrain::reshape(t, 5, 5, [](int, int) { return 0.0f; });
         CSunFactory sun(t);
         Tocka2D p(3.5, 0.5);
         QVERIFY(sun.getNextVertex(p, Tocka(0.5f, 0.7f, -0.25f)));
@@ -209,7 +209,7 @@ private slots:
 
     void angleUsesWholeVertexHeightsAndFractionalDistance() {
         CTerrainData t;
-        terraintest::reshape(t, 5, 3, [](int x, int) { return x == 3 ? 10.0f : 0.0f; });
+        testterrain::reshape(t, 5, 3, [](int x, int) { return x == 3 ? 10.0f : 0.0f; });
         CSunFactory sun(t);
         QVERIFY(std::fabs(sun.getAngle(Tocka2D(1, 1), Tocka2D(3, 1)) - std::atan(10.0 / 50)) <
                 1e-6);
@@ -230,7 +230,7 @@ private slots:
 
     void flatTerrainIsNeverHidden() {
         CTerrainData t;
-        terraintest::reshape(t, 9, 7, [](int, int) { return 2.0f; });
+        testterrain::reshape(t, 9, 7, [](int, int) { return 2.0f; });
         buildNormals(t);
         CSunFactory sun(t);
         sun.buildSunniness();
@@ -246,7 +246,7 @@ private slots:
     void lowSunIsHiddenByAnyHigherPoint() {
         CTerrainData t;
         // A 1 m bump four columns east of (2, 2), and a ridge two rows north.
-        terraintest::reshape(t, 10, 8, [](int x, int y) {
+        testterrain::reshape(t, 10, 8, [](int x, int y) {
             if (x == 6 && y == 2)
                 return 1.0f;
             return y == 0 ? 100.0f : 0.0f;
@@ -268,14 +268,14 @@ private slots:
 
     void overheadSunIsNeverHidden() {
         CTerrainData t;
-        terraintest::reshape(t, 4, 4, [](int x, int y) { return float(x * 50 + y * 30); });
+        testterrain::reshape(t, 4, 4, [](int x, int y) { return float(x * 50 + y * 30); });
         CSunFactory sun(t);
         QCOMPARE(sun.calculateShelternessBehindTerrain(Tocka2D(0, 0), Tocka(0, 1, 0)), 1.0f);
     }
 
     void surfaceFacingAwayGetsNothing() {
         CTerrainData t;
-        terraintest::reshape(t, 4, 4, [](int, int) { return 0.0f; });
+        testterrain::reshape(t, 4, 4, [](int, int) { return 0.0f; });
         CSunFactory sun(t);
         QCOMPARE(sun.getPointCumulativeSunniness(Tocka2D(1, 1), Tocka(0, -1, 0)), 0.0);
         // A wall facing due south (+Z) is lit by the sunrise and sunset samples
@@ -298,13 +298,13 @@ private slots:
         QFETCH(int, terrain);
         CTerrainData t;
         if (terrain == 1) {
-            terraintest::reshape(t, 60, 40, [](int x, int y) {
+            testterrain::reshape(t, 60, 40, [](int x, int y) {
                 return float(150 + 80 * std::sin(x * 0.37) * std::cos(y * 0.23) +
                              30 * std::sin(x * 1.7 + y * 2.9));
             });
             t.dimen = Tocka(2500, 1000, 2500);
         } else if (terrain == 2) {
-            terraintest::reshape(t, 30, 30, [](int x, int y) {
+            testterrain::reshape(t, 30, 30, [](int x, int y) {
                 return (x * 7 + y * 13) % 11 == 0 ? 60.0f : float((x + y) % 3);
             });
         }
@@ -357,17 +357,17 @@ private slots:
             // Seen from the flat ground, the ridge stands at every elevation
             // from 67 degrees down to 1.7: each sample changes from hidden to
             // lit somewhere along the rows.
-            terraintest::reshape(t, 80, 80, [terrain](int x, int y) {
+            testterrain::reshape(t, 80, 80, [terrain](int x, int y) {
                 return (terrain == 1 ? x == 79 : y == 0) ? 60.0f : 0.0f;
             });
         } else if (terrain == 3) {
-            terraintest::reshape(t, 41, 37, [](int x, int y) {
+            testterrain::reshape(t, 41, 37, [](int x, int y) {
                 const int r = (x * 31 + y * 17) % 23;
                 return r == 0 ? 90.0f : r == 1 ? -40.0f : float((x * y) % 7);
             });
             t.dimen = Tocka(700, 1000, 1900);
         } else if (terrain >= 4) {
-            terraintest::reshape(t, 100, 6, [](int x, int y) {
+            testterrain::reshape(t, 100, 6, [](int x, int y) {
                 return float(std::fmod(x * 7.31 + y * 3.17, 13.0) * 4);
             });
             if (terrain == 5)

@@ -1,6 +1,7 @@
 #include "ecosystem/simulation/data/terraindata.h"
 
-#include "ecosystem/simulation/data/terrainfixture.h"
+#include "support/messagecatcher.h"
+#include "support/terrain.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -12,7 +13,6 @@
 using arbo::Tocka;
 using ecosystem::Tocka2i;
 using ecosystem::data::CTerrainData;
-using terraintest::MessageCatcher;
 
 namespace {
 
@@ -152,7 +152,7 @@ private slots:
     void nonWaterIndexesAtGridEdgeSkipMissingNeighbours() {
         CTerrainData t;
         // Heights 1 everywhere except the second-to-last column, which is wet.
-        terraintest::reshape(t, 6, 5, [](int x, int) { return x == 4 ? 0.0f : 1.0f; });
+        testterrain::reshape(t, 6, 5, [](int x, int) { return x == 4 ? 0.0f : 1.0f; });
         t.lupaXmin = 0;
         t.lupaXmax = 6; // past the grid: the last column is visited
         t.lupaYmin = 0;
@@ -167,7 +167,7 @@ private slots:
 
     void lupaPastTheGridIsCutToIt() {
         CTerrainData t;
-        terraintest::reshape(t, 4, 3, [](int, int) { return 1.0f; });
+        testterrain::reshape(t, 4, 3, [](int, int) { return 1.0f; });
         t.lupaXmin = -2;
         t.lupaXmax = 9;
         t.lupaYmin = -1;
@@ -280,7 +280,7 @@ private slots:
     void reloadDmrGoesBackTo100x100AndKeepsLupaAndWater() {
         MessageCatcher catcher;
         CTerrainData t;
-        terraintest::reshape(t, 30, 20, [](int x, int y) { return float(x + y); });
+        testterrain::reshape(t, 30, 20, [](int x, int y) { return float(x + y); });
         t.lupaXmin = 3;
         t.lupaXmax = 12;
         t.waterHeight = 0.25f;

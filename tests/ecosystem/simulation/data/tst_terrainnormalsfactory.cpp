@@ -2,7 +2,7 @@
 #include "ecosystem/simulation/data/terraindata.h"
 #include "ecosystem/simulation/data/terrainnormalsfactory.h"
 
-#include "ecosystem/simulation/data/terrainfixture.h"
+#include "support/terrain.h"
 
 #include <QtTest>
 
@@ -43,7 +43,7 @@ private slots:
 
     void flatTerrainPointsUpWithNoInclination() {
         CTerrainData t;
-        terraintest::reshape(t, 7, 5, [](int, int) { return 3.0f; });
+        testterrain::reshape(t, 7, 5, [](int, int) { return 3.0f; });
         buildNormalsAndInclination(t);
         for (int i = 0; i < 35; ++i) {
             QVERIFY(near(t.terrainNormals[i], Tocka(0, 1, 0)));
@@ -53,7 +53,7 @@ private slots:
 
     void planeRisingAlongColumnsLeansBack() {
         CTerrainData t;
-        terraintest::reshape(t, 6, 4, [](int x, int) { return 25.0f * x; });
+        testterrain::reshape(t, 6, 4, [](int x, int) { return 25.0f * x; });
         buildNormalsAndInclination(t);
         const float r = float(1.0 / std::sqrt(2.0));
         for (int i = 0; i < 24; ++i) {
@@ -66,7 +66,7 @@ private slots:
     void planeRisingAlongRowsFacesRowZero() {
         CTerrainData t;
         // 10 m per 25 m row: normal (0, 25, -10) / |.|.
-        terraintest::reshape(t, 4, 6, [](int, int y) { return 10.0f * y; });
+        testterrain::reshape(t, 4, 6, [](int, int y) { return 10.0f * y; });
         buildNormalsAndInclination(t);
         const double len = std::sqrt(25.0 * 25.0 + 10.0 * 10.0);
         for (int i = 0; i < 24; ++i) {
@@ -78,7 +78,7 @@ private slots:
     void lastColumnAndRowTakeTheNearestComputedNormal() {
         CTerrainData t;
         // Every cell a different tilt, so a wrong neighbour shows.
-        terraintest::reshape(t, 5, 4,
+        testterrain::reshape(t, 5, 4,
                              [](int x, int y) { return float(x * x * 3 + y * y * 7 + x * y); });
         buildNormalsAndInclination(t);
         auto n = [&](int x, int y) { return t.terrainNormals[x + y * 5]; };
@@ -94,7 +94,7 @@ private slots:
 
     void inclinationFromUpToWall() {
         CTerrainData t;
-        terraintest::reshape(t, 3, 3, [](int, int) { return 0.0f; });
+        testterrain::reshape(t, 3, 3, [](int, int) { return 0.0f; });
         t.terrainNormals[0] = Tocka(0, 1, 0);
         t.terrainNormals[1] = Tocka(1, 0, 0);
         t.terrainNormals[2] = Tocka(0.6f, 0.8f, 0);

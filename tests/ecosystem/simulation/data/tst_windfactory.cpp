@@ -1,7 +1,7 @@
 #include "ecosystem/simulation/data/terraindata.h"
 #include "ecosystem/simulation/data/windfactory.h"
 
-#include "ecosystem/simulation/data/terrainfixture.h"
+#include "support/terrain.h"
 
 #include <QtTest>
 
@@ -54,7 +54,7 @@ private slots:
 
     void flatTerrainIsExposedEverywhere() {
         CTerrainData t;
-        terraintest::reshape(t, 8, 12, [](int, int) { return 5.0f; });
+        testterrain::reshape(t, 8, 12, [](int, int) { return 5.0f; });
         CWindFactory(t).buildWindiness();
         for (float v : t.terrainWindiness)
             QCOMPARE(v, 1.0f);
@@ -62,7 +62,7 @@ private slots:
 
     void stepsUpwindTowardsRowZero() {
         CTerrainData t;
-        terraintest::reshape(t, 4, 4, [](int, int) { return 0.0f; });
+        testterrain::reshape(t, 4, 4, [](int, int) { return 0.0f; });
         CWindFactory w(t);
         Tocka2D p(2, 1);
         QVERIFY(w.getNextVertex(p));
@@ -77,7 +77,7 @@ private slots:
         // Column 2: 10 m rise one row upwind of row 5, nothing higher beyond.
         // Column 3: a 1000 m tower ten rows upwind of row 12.
         // Column 4: the same tower eleven rows upwind of row 13.
-        terraintest::reshape(t, 6, 16, [](int x, int y) {
+        testterrain::reshape(t, 6, 16, [](int x, int y) {
             if (x == 1 && y == 4)
                 return 25.0f;
             if (x == 2 && y == 4)
@@ -101,7 +101,7 @@ private slots:
 
     void raysScaleWithTheTerrainBox() {
         CTerrainData t;
-        terraintest::reshape(t, 3, 6, [](int x, int y) { return x == 1 && y == 2 ? 10.0f : 0.0f; });
+        testterrain::reshape(t, 3, 6, [](int x, int y) { return x == 1 && y == 2 ? 10.0f : 0.0f; });
         t.dimen.z = 50.0f * 6; // 50 m per row: the rise is atan(10 / 50)
         CWindFactory w(t);
         Tocka2D start(1, 3);
@@ -123,7 +123,7 @@ private slots:
         QFETCH(int, terrain);
         CTerrainData t;
         if (terrain == 1) {
-            terraintest::reshape(t, 30, 50, [](int x, int y) {
+            testterrain::reshape(t, 30, 50, [](int x, int y) {
                 return float(std::fmod(x * 5.71 + y * 9.13, 17.0) * 3 + (y % 13 == 0 ? 40 : 0));
             });
             t.dimen = Tocka(900, 1000, 3100);
@@ -147,7 +147,7 @@ private slots:
 
     void stillWindLeavesEverythingExposed() {
         CTerrainData t;
-        terraintest::reshape(t, 4, 4, [](int x, int y) { return float(x * y * 30); });
+        testterrain::reshape(t, 4, 4, [](int x, int y) { return float(x * y * 30); });
         CWindFactory w(t);
         w.windVector = Tocka2D(0, 0);
         w.buildWindiness();

@@ -3,7 +3,7 @@
 #include "ecosystem/simulation/entities/rastlina.h"
 #include "ecosystem/simulation/entities/vrstarastlin.h"
 #include "ecosystem/simulation/statistics/entitiesstatistics.h"
-#include "ecosystem/simulation/testterrain.h"
+#include "support/terrain.h"
 
 #include <QtTest>
 

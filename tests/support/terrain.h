@@ -1,10 +1,13 @@
 #pragma once
 
 // Small hand-made terrains and an independent re-derivation of the stream
-// generator, shared by the simulation tests.
+// generator, shared by the terrain, simulation and render tests.
 
 #include "ecosystem/simulation/data/terraindata.h"
 #include "ecosystem/simulation/entities/vrstarastlin.h"
+
+#include <algorithm>
+#include <functional>
 
 #include <vector>
 
@@ -39,6 +42,37 @@ inline void pripravi(ecosystem::data::CTerrainData& t, int w, int h, float strmi
     t.lupaYmin = 0;
     t.lupaYmax = h - 1;
     t.buildNonwaterIndexes();
+}
+
+using ecosystem::data::CTerrainData;
+
+// Turns t into a w x h grid 25 m apart with the given heights (from 0 up); the
+// terrain box matches the grid so rays step 25 m per grid unit.
+inline void reshape(CTerrainData& t, int w, int h, const std::function<float(int, int)>& height) {
+    t.stTockX = w;
+    t.stTockY = h;
+    const int n = w * h;
+    t.ogliscaTerena.assign(n, arbo::Tocka(0, 0, 0));
+    t.pTerrainVertexData.resize(n);
+    t.terrainNormals.assign(n, arbo::Tocka(0, 0, 0));
+    t.terrainInclination.assign(n, 0.0f);
+    t.terrainMoisture.assign(n, 0.0f);
+    t.terrainWindiness.assign(n, 0.0f);
+    t.terrainSunniness.assign(n, 0.0f);
+    float highest = 0.0f;
+    for (int y = 0; y < h; ++y) {
+        for (int x = 0; x < w; ++x) {
+            const float hy = height(x, y);
+            highest = std::max(highest, hy);
+            t.ogliscaTerena[x + y * w] = arbo::Tocka(25.0f * x, hy, 25.0f * y);
+            t.pTerrainVertexData[x + y * w].pos = t.ogliscaTerena[x + y * w];
+        }
+    }
+    t.dmrMinZ = 0;
+    t.dmrMaxZ = highest;
+    t.visinskaRazlikaNaTerenu = highest;
+    t.dimen = arbo::Tocka(25.0f * w, 1000.0f, 25.0f * h);
+    t.spawnLupa();
 }
 
 inline void potopi(ecosystem::data::CTerrainData& t, int x, int y) {

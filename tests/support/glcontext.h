@@ -1,8 +1,10 @@
 #pragma once
 
-// An off-screen OpenGL 2.1 compatibility context with an 800 x 600 frame buffer
-// and the fixed state of the tree view (lighting, colour material, blending,
-// 90 degree projection of aspect 1, near 1, far 30000), for tests and benches.
+// An off-screen OpenGL 2.1 compatibility context with a frame buffer object to
+// draw into, for tests and benches (run under Xvfb). create() leaves OpenGL's
+// default state; createWithViewState() adds the fixed state of a view
+// (lighting, colour material, blending, 90 degree projection of aspect 1,
+// near 1, far 30000).
 
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
@@ -14,21 +16,20 @@
 
 #include <memory>
 
-class GlOkolje {
+class OffscreenGl {
 public:
     QOffscreenSurface surface;
     QOpenGLContext context;
     std::unique_ptr<QOpenGLFramebufferObject> fbo;
 
-    bool ustvari(int w = 800, int h = 600) {
-        if (!ustvariKontekst(w, h))
+    bool createWithViewState(int w = 800, int h = 600) {
+        if (!create(w, h))
             return false;
-        nastaviStanje(w, h);
+        applyViewState(w, h);
         return true;
     }
 
-    // The context and its frame buffer alone, OpenGL's default state untouched.
-    bool ustvariKontekst(int w, int h) {
+    bool create(int w = 64, int h = 64) {
         QSurfaceFormat f;
         f.setVersion(2, 1);
         f.setProfile(QSurfaceFormat::CompatibilityProfile);
@@ -44,7 +45,7 @@ public:
         return fbo->bind();
     }
 
-    static void nastaviStanje(int w, int h) {
+    static void applyViewState(int w, int h) {
         glShadeModel(GL_SMOOTH);
         glColorMaterial(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE);
         glEnable(GL_COLOR_MATERIAL);
