@@ -62,8 +62,11 @@ public:
 
     void izprazni();
     // Draws the packets in eye coordinates (the caller's model-view matrix is
-    // not used); textures as named, texturing as the caller has enabled it.
-    void narisi(unsigned int teksturaLubja, unsigned int teksturaListov) const;
+    // not used), or, for a mesh grown in the tree's own coordinates, under the
+    // caller's model-view matrix; textures as named, texturing as the caller
+    // has enabled it.
+    void narisi(unsigned int teksturaLubja, unsigned int teksturaListov,
+                bool vOcesnihKoordinatah = true) const;
 };
 
 } // namespace arbo

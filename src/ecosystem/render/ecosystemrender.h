@@ -53,6 +53,8 @@ public:
                                 QString& up, QString& down) const;
     // Draws the living plants; returns how many passed the culling test.
     int renderVisiblePlants();
+    // The plant walk, with its measurements and impostor atlas.
+    VisiblePlantsRender& plantWalk() { return visiblePlants; }
     int getLupaMinX() const;
     int getLupaMaxX() const;
     int getLupaMinY() const;
@@ -90,6 +92,9 @@ public:
     QString filenameDetail;
     QString filenameSky1, filenameSky2, filenameSky3, filenameSky4, filenameSky5, filenameSky6;
     bool checkingForGlErrors = false;
+    // Plants at levels of detail 5 and beyond (125 m and farther) drawn as
+    // impostors, pictures of their trees drawn once, instead of grown trees.
+    bool fastDistantTrees = false;
 
 signals:
     void modelDataChanged();
@@ -97,6 +102,9 @@ signals:
     void stopTreeAnimation();
     void nrPlantsLivingChanged();
     void nrPlantsRenderedChanged();
+    // A hint for the status bar, given once: frames are slow and the fast
+    // switch would help. An empty text takes it back.
+    void statusHint(const QString& text);
 
 public slots:
     void render();
@@ -124,6 +132,7 @@ public slots:
     void toggleDisplayLandMarkings();
     void toggleDisplaySun();
     void toggleDisplaySky();
+    void toggleFastDistantTrees();
     void actionRender_less_often_skip_more_frames();
     void actionRender_more_often_skip_less_frames();
     void checkGlError(const char* message);
@@ -155,7 +164,10 @@ private:
     void renderEcosystem();
     void initTerrainTextures(QOpenGLWidget* widget);
 
+    void hintAtSlowFrames(double frameMs);
+
     VisiblePlantsRender visiblePlants;
+    bool slowFramesHinted = false;
 };
 
 } // namespace ecosystem::render
