@@ -17,8 +17,10 @@
 // <mode>_<step>.png. Columns: frame_ms (median wall time, glFinish included),
 // walk_ms (plant walk), trees_ms (walk time spent on trees), submit_ms (drawing
 // grown trees), grow_ms (growing on the drawing thread), wait_ms (waiting for
-// growers), imp_ms (atlas and impostors), finish_ms (glFinish: rasterising
-// left), main_cpu / all_cpu (CPU ms of the drawing thread / whole process).
+// growers), imp_ms (atlas and impostors), read_ms and compose_ms (of which
+// reading the frame's depth, which waits for it, and composing), finish_ms (glFinish:
+// rasterising left), main_cpu / all_cpu (CPU ms of the drawing thread / whole
+// process).
 
 #include "arbo/arbo.h"
 #include "ecosystem/render/camera.h"
@@ -92,8 +94,8 @@ void enlargeTerrain(data::CTerrainData& t, int n) {
 }
 
 struct Frame {
-    double wall = 0, walk = 0, trees = 0, submit = 0, grow = 0, wait = 0, imp = 0, finish = 0,
-           cpu = 0, cpuAll = 0;
+    double wall = 0, walk = 0, trees = 0, submit = 0, grow = 0, wait = 0, imp = 0, read = 0,
+           compose = 0, finish = 0, cpu = 0, cpuAll = 0;
 };
 
 Frame drawFrame(render::EcosystemRender& scene) {
@@ -116,6 +118,10 @@ Frame drawFrame(render::EcosystemRender& scene) {
     f.grow = p.drawingThreadGrowMs;
     f.wait = p.waitMs;
     f.imp = p.impostorsMs;
+    if (scene.fastDistantTrees) {
+        f.read = scene.plantWalk().atlas().branjeMs;
+        f.compose = scene.plantWalk().atlas().sestavljanjeMs;
+    }
     return f;
 }
 
@@ -128,8 +134,9 @@ Frame medianFrame(const std::vector<Frame>& frames) {
             v.push_back(f.*c);
         m.*c = median(v);
     };
-    for (auto c : {&Frame::wall, &Frame::walk, &Frame::trees, &Frame::submit, &Frame::grow,
-                   &Frame::wait, &Frame::imp, &Frame::finish, &Frame::cpu, &Frame::cpuAll})
+    for (auto c :
+         {&Frame::wall, &Frame::walk, &Frame::trees, &Frame::submit, &Frame::grow, &Frame::wait,
+          &Frame::imp, &Frame::read, &Frame::compose, &Frame::finish, &Frame::cpu, &Frame::cpuAll})
         col(c);
     return m;
 }
@@ -165,7 +172,7 @@ int main(int argc, char** argv) {
     std::printf("threads %d, mode %s, %d frames per step, terrain %d x %d\n", plants.stNiti,
                 mode.c_str(), frames, scene.terrainData->stTockX, scene.terrainData->stTockY);
     std::printf("step living visible frame_ms fps walk_ms trees_ms submit_ms grow_ms wait_ms "
-                "imp_ms finish_ms main_cpu all_cpu | lod5..9 impostors\n");
+                "imp_ms read_ms compose_ms finish_ms main_cpu all_cpu | lod5..9 impostors\n");
     for (int step = 1; step <= lastStep; ++step) {
         scene.ecosystemSimulation->simulateNextStep();
         if (step != 30 && step != 60 && step != 100 && step != lastStep)
@@ -198,9 +205,9 @@ int main(int argc, char** argv) {
         int visible = 0;
         for (int n : plants.treesPerLod)
             visible += n;
-        std::printf("%d %d %d %.1f %.2f %.1f %.1f %.1f %.1f %.1f %.1f %.1f %.1f %.1f |", step,
-                    living, visible, m.wall, 1000.0 / m.wall, m.walk, m.trees, m.submit, m.grow,
-                    m.wait, m.imp, m.finish, m.cpu, m.cpuAll);
+        std::printf("%d %d %d %.1f %.2f %.1f %.1f %.1f %.1f %.1f %.1f %.1f %.1f %.1f %.1f %.1f |",
+                    step, living, visible, m.wall, 1000.0 / m.wall, m.walk, m.trees, m.submit,
+                    m.grow, m.wait, m.imp, m.read, m.compose, m.finish, m.cpu, m.cpuAll);
         for (int lod = 5; lod < 10; ++lod)
             std::printf(" %d", plants.treesPerLod[lod]);
         std::printf(" %d\n", fast ? plants.atlas().stImpostorjev : 0);

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <thread>
 #include <tuple>
 
 namespace ecosystem::render {
@@ -118,9 +119,6 @@ struct ImpostorAtlas::Model {
     bool otiskZnan = false;
     std::uint64_t otisk = 0;
     Skupina skupine[stRavni];
-    std::vector<std::unique_ptr<QOpenGLFramebufferObject>> strani;
-    int x = 0, y = 0, visinaPolice = 0;     // where the next cell goes on the last page
-    std::vector<std::vector<float>> kvadri; // the walk's quads per page: x, y, z, s, t
 };
 
 ImpostorAtlas::ImpostorAtlas() : rastlinar(std::make_unique<arbo::Arbo>()) {}
@@ -284,12 +282,12 @@ void ImpostorAtlas::dodaj(int izgled, int lod, float velikost, const arbo::Tocka
         c.zahtevana = true;
         zahtevane.push_back({izgled, lod - prvaRaven, i, smer, visina});
     }
-    vnosi.push_back({&c, izgled, skala, noga, -dz / dh, dx / dh});
+    vnosi.push_back({&c, skala, noga, -dz / dh, dx / dh});
 }
 
-void ImpostorAtlas::koncajSprehod(double casMs) {
+void ImpostorAtlas::koncajSprehod(double casMs, int stNiti) {
     narisiZahtevane(casMs);
-    narisiImpostorje();
+    sestaviImpostorje(stNiti);
     vnosi.clear();
 }
 
@@ -304,7 +302,7 @@ bool ImpostorAtlas::narisiZahtevane(double casMs) {
         return std::tie(a.izgled, a.raven, a.velikost, a.smer, a.visina) <
                std::tie(b.izgled, b.raven, b.velikost, b.smer, b.visina);
     });
-    const GLuint okvir = trenutniOkvir();
+    const GLuint prejsnji = trenutniOkvir();
     glPushAttrib(GL_ALL_ATTRIB_BITS);
     glMatrixMode(GL_PROJECTION);
     glPushMatrix();
@@ -314,9 +312,18 @@ bool ImpostorAtlas::narisiZahtevane(double casMs) {
         glEnable(GL_LIGHTING);
     else
         glDisable(GL_LIGHTING);
-    glEnable(GL_SCISSOR_TEST);
     glDepthMask(GL_TRUE);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    if (!okvir) {
+        QOpenGLFramebufferObjectFormat oblika;
+        oblika.setAttachment(QOpenGLFramebufferObject::Depth);
+        oblika.setInternalTextureFormat(GL_RGBA8);
+        okvir =
+            std::make_unique<QOpenGLFramebufferObject>(velikostOkvirja, velikostOkvirja, oblika);
+    }
+    gl()->glBindFramebuffer(GL_FRAMEBUFFER, okvir->handle());
+    pocistiOkvir();
+    glEnable(GL_SCISSOR_TEST);
     std::size_t n = 0;
     while (n < zahtevane.size()) {
         narisiCelico(zahtevane[n++]);
@@ -324,7 +331,8 @@ bool ImpostorAtlas::narisiZahtevane(double casMs) {
             break;
     }
     zahtevane.erase(zahtevane.begin(), zahtevane.begin() + long(n));
-    gl()->glBindFramebuffer(GL_FRAMEBUFFER, okvir);
+    preberiOkvir();
+    gl()->glBindFramebuffer(GL_FRAMEBUFFER, prejsnji);
     glMatrixMode(GL_PROJECTION);
     glPopMatrix();
     glMatrixMode(GL_MODELVIEW);
@@ -378,8 +386,8 @@ void ImpostorAtlas::narisiCelico(const Kljuc& k) {
             z0 = std::min(z0, z), z1 = std::max(z1, z);
         }
     float fx = goriscnaX, fy = goriscnaY;
-    // A page holds the largest cell, at a coarser scale if need be.
-    const float najvec = float(velikostStrani - 2) - 2 * rob - 1;
+    // The frame buffer holds the largest cell, at a coarser scale if need be.
+    const float najvec = float(velikostOkvirja - 2) - 2 * rob - 1;
     const float zmanjsaj = std::min(1.0f, najvec / std::max((x1 - x0) * fx, (v1 - v0) * fy));
     fx *= zmanjsaj;
     fy *= zmanjsaj;
@@ -395,16 +403,15 @@ void ImpostorAtlas::narisiCelico(const Kljuc& k) {
     c.v0 = sredina + v0 * d / cosE;
     c.v1 = sredina + v1 * d / cosE;
     int x, y;
-    umesti(m, w + 2, h + 2, c.stran, x, y); // a free pixel on every side
-    ++x, ++y;
-    const float S = velikostStrani;
-    c.s0 = float(x) / S, c.s1 = float(x + w) / S, c.t0 = float(y) / S, c.t1 = float(y + h) / S;
-
-    QOpenGLFramebufferObject& stran = *m.strani[size_t(c.stran)];
-    gl()->glBindFramebuffer(GL_FRAMEBUFFER, stran.handle());
+    if (!umesti(w, h, x, y)) {
+        preberiOkvir(); // full: read what is there and start again
+        umesti(w, h, x, y);
+    }
+    c.w = w;
+    c.h = h;
+    vOkvirju.push_back({&c, x, y});
     glViewport(x, y, w, h);
     glScissor(x, y, w, h);
-    glClear(GL_DEPTH_BUFFER_BIT);
     const float blizu = std::max(0.5f, z0 - 1.0f), dalec = z1 + 1.0f;
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
@@ -416,7 +423,7 @@ void ImpostorAtlas::narisiCelico(const Kljuc& k) {
     for (int i = 0; i < 3; ++i)
         glLightfv(GLenum(GL_LIGHT0 + i), GL_POSITION, luci[i]);
     rastlinar->nastaviStanjeGl();
-    // Colour blended over the page's transparent black (premultiplied), alpha
+    // Colour blended over the cleared transparent black (premultiplied), alpha
     // summing to coverage: the quad then blends as the leaves would.
     gl()->glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
     // The mesh is in the tree's own coordinates: drawn under this camera.
@@ -465,100 +472,312 @@ void ImpostorAtlas::oznaciPokrito(const arbo::MrezaDrevesa& mreza) {
     glPopAttrib();
 }
 
-// A place for a w x h cell on the model's last page (rows of cells, a new row
-// when the cell does not fit on this one), or on a new page.
-void ImpostorAtlas::umesti(Model& m, int w, int h, int& stran, int& x, int& y) {
-    if (!m.strani.empty() && m.x + w > velikostStrani) {
-        m.y += m.visinaPolice;
-        m.x = 0;
-        m.visinaPolice = 0;
+// A place for a w x h cell in the frame buffer, a free pixel around it (rows
+// of cells, a new row when the cell does not fit on this one); false when full.
+bool ImpostorAtlas::umesti(int w, int h, int& x, int& y) {
+    if (okvirX + w + 1 > velikostOkvirja) {
+        okvirY += visinaPolice;
+        okvirX = 0;
+        visinaPolice = 0;
     }
-    if (m.strani.empty() || m.y + h > velikostStrani) {
-        QOpenGLFramebufferObjectFormat oblika;
-        oblika.setAttachment(QOpenGLFramebufferObject::Depth);
-        oblika.setInternalTextureFormat(GL_RGBA8);
-        m.strani.push_back(
-            std::make_unique<QOpenGLFramebufferObject>(velikostStrani, velikostStrani, oblika));
-        QOpenGLFramebufferObject& nova = *m.strani.back();
-        glBindTexture(GL_TEXTURE_2D, nova.texture());
-        // Nearest texels: a tree far away is mostly single-pixel points and
-        // lines, which filtering would smear below the coverage threshold.
-        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
-        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
-        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
-        glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
-        gl()->glBindFramebuffer(GL_FRAMEBUFFER, nova.handle());
-        glDisable(GL_SCISSOR_TEST);
-        glClearColor(0, 0, 0, 0);
-        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-        glEnable(GL_SCISSOR_TEST);
-        m.x = m.y = m.visinaPolice = 0;
-    }
-    stran = int(m.strani.size()) - 1;
-    x = m.x;
-    y = m.y;
-    m.x += w;
-    m.visinaPolice = std::max(m.visinaPolice, h);
+    if (okvirY + h + 1 > velikostOkvirja)
+        return false;
+    x = okvirX + 1;
+    y = okvirY + 1;
+    okvirX += w + 1;
+    visinaPolice = std::max(visinaPolice, h + 1);
+    return true;
 }
 
-// Every impostor of the walk as an upright quad turned to the camera, one
-// draw per page; coverage tested, colour blended as premultiplied.
-void ImpostorAtlas::narisiImpostorje() {
-    stImpostorjev = 0;
-    for (Model& m : modeli) {
-        m.kvadri.resize(m.strani.size());
-        for (auto& q : m.kvadri)
-            q.clear();
+void ImpostorAtlas::pocistiOkvir() {
+    glDisable(GL_SCISSOR_TEST);
+    glClearColor(0, 0, 0, 0);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    glEnable(GL_SCISSOR_TEST);
+    okvirX = okvirY = visinaPolice = 0;
+}
+
+// Reads the cells drawn since the last read into their own pictures.
+void ImpostorAtlas::preberiOkvir() {
+    if (vOkvirju.empty())
+        return;
+    const int vrstic = std::min(velikostOkvirja, okvirY + visinaPolice + 1);
+    prebrano.resize(std::size_t(velikostOkvirja) * std::size_t(vrstic));
+    glPixelStorei(GL_PACK_ALIGNMENT, 4);
+    glReadPixels(0, 0, velikostOkvirja, vrstic, GL_RGBA, GL_UNSIGNED_BYTE, prebrano.data());
+    for (const VOkvirju& v : vOkvirju) {
+        Celica& c = *v.celica;
+        c.slika.resize(std::size_t(c.w) * std::size_t(c.h));
+        for (int r = 0; r < c.h; ++r)
+            std::copy_n(prebrano.data() + std::size_t(v.y + r) * velikostOkvirja + std::size_t(v.x),
+                        c.w, c.slika.data() + std::size_t(r) * std::size_t(c.w));
+        c.pokrito.clear();
+        for (int y = 0; y < c.h; ++y)
+            for (int x = 0; x < c.w; ++x) {
+                const std::uint32_t b = c.slika[std::size_t(y) * std::size_t(c.w) + std::size_t(x)];
+                if (b >> 24)
+                    c.pokrito.push_back({std::uint16_t(x), std::uint16_t(y), b});
+            }
     }
+    vOkvirju.clear();
+    pocistiOkvir();
+}
+
+namespace {
+
+// A pixel the tree's drawing hides without colour (alpha 1/255, no colour).
+const std::uint32_t oznakaPokritosti = 1u << 24;
+
+// The least integer not below v (no library call: it runs per texel).
+inline int navzgor(float v) {
+    const int i = int(v);
+    return i + (float(i) < v);
+}
+
+// src over dst, both premultiplied RGBA bytes.
+inline std::uint32_t cez(std::uint32_t src, std::uint32_t dst) {
+    const std::uint32_t ostane = 255 - (src >> 24);
+    if (ostane == 0)
+        return src;
+    std::uint32_t rezultat = 0;
+    for (int k = 0; k < 32; k += 8) {
+        const std::uint32_t d = (dst >> k) & 255;
+        rezultat |= (((src >> k) & 255) + (d * ostane + 127) / 255) << k;
+    }
+    return rezultat;
+}
+
+} // namespace
+
+// A point of the world in the window: x, y in pixels from the viewport's
+// corner, z the depth (0 near, 1 far); false behind the eye.
+struct ImpostorAtlas::Okno {
+    const float* m; // projection times model-view, column-major
+    float sirina, visina;
+    bool projiciraj(float x, float y, float z, float& wx, float& wy, float& wz) const {
+        const float cx = m[0] * x + m[4] * y + m[8] * z + m[12];
+        const float cy = m[1] * x + m[5] * y + m[9] * z + m[13];
+        const float cz = m[2] * x + m[6] * y + m[10] * z + m[14];
+        const float cw = m[3] * x + m[7] * y + m[11] * z + m[15];
+        if (cw <= 1e-6f)
+            return false;
+        wx = (cx / cw + 1.0f) * 0.5f * sirina;
+        wy = (cy / cw + 1.0f) * 0.5f * visina;
+        wz = (cz / cw + 1.0f) * 0.5f;
+        return true;
+    }
+};
+
+// Every impostor of the walk, in walk order, as an upright quad turned to the
+// camera: each pixel whose centre falls on the quad takes the nearest texel;
+// texels without coverage are left out, the others are depth tested against
+// the frame (and the impostors before them) and blended over what is there.
+// The frame's depth is read once; the impostors' colour is composed apart and
+// blended over the frame at the end, which gives the same as blending each in
+// turn. Bands of rows are composed on several threads, each band in walk order.
+void ImpostorAtlas::sestaviImpostorje(int stNiti) {
+    stImpostorjev = 0;
+    if (vnosi.empty())
+        return;
+    GLint vp[4];
+    GLfloat mv[16], pr[16], mvp[16];
+    glGetIntegerv(GL_VIEWPORT, vp);
+    glGetFloatv(GL_MODELVIEW_MATRIX, mv);
+    glGetFloatv(GL_PROJECTION_MATRIX, pr);
+    for (int c = 0; c < 4; ++c)
+        for (int r = 0; r < 4; ++r)
+            mvp[c * 4 + r] = pr[r] * mv[c * 4] + pr[4 + r] * mv[c * 4 + 1] +
+                             pr[8 + r] * mv[c * 4 + 2] + pr[12 + r] * mv[c * 4 + 3];
+    sirina = vp[2];
+    visina = vp[3];
+    if (sirina <= 0 || visina <= 0)
+        return;
+    postaviLike(Okno{mvp, float(sirina), float(visina)});
+    stImpostorjev = int(liki.size());
+    if (liki.empty())
+        return;
+    QElapsedTimer cas;
+    cas.start();
+    globina.resize(std::size_t(sirina) * std::size_t(visina));
+    glPixelStorei(GL_PACK_ALIGNMENT, 4);
+    // Waits for the frame so far to be drawn.
+    glReadPixels(vp[0], vp[1], sirina, visina, GL_DEPTH_COMPONENT, GL_FLOAT, globina.data());
+    branjeMs = cas.nsecsElapsed() / 1e6;
+    barve.assign(std::size_t(sirina) * std::size_t(visina), 0);
+    // Bands of rows small enough for their depth and colour to stay in the
+    // cache, each with its impostors in walk order; threads take every n-th.
+    const int stPasov = (visina + visinaPasu - 1) / visinaPasu;
+    pasovi.resize(std::size_t(stPasov));
+    for (auto& p : pasovi)
+        p.clear();
+    for (const Lik& l : liki) {
+        const int a = std::clamp(int(l.najnizje) - 1, 0, visina - 1) / visinaPasu;
+        const int b = std::clamp(int(l.najvisje) + 1, 0, visina - 1) / visinaPasu;
+        for (int k = a; k <= b; ++k)
+            pasovi[std::size_t(k)].push_back(l);
+    }
+    const int n = std::clamp(stNiti, 1, stPasov);
+    std::vector<int> prva(std::size_t(n), visina), zadnja(std::size_t(n), -1);
+    auto sestavi = [&](int nit) {
+        for (int k = nit; k < stPasov; k += n)
+            sestaviPas(k, prva[std::size_t(nit)], zadnja[std::size_t(nit)]);
+    };
+    std::vector<std::thread> niti;
+    for (int k = 1; k < n; ++k)
+        niti.emplace_back(sestavi, k);
+    sestavi(0);
+    for (std::thread& t : niti)
+        t.join();
+    sestavljanjeMs = cas.nsecsElapsed() / 1e6 - branjeMs;
+    const int y0 = *std::min_element(prva.begin(), prva.end());
+    const int y1 = *std::max_element(zadnja.begin(), zadnja.end());
+    if (y0 <= y1)
+        narisiSestavljeno(y0, y1);
+}
+
+// Each impostor's quad in the window: a corner and the two edges from it, and
+// its depth (that of its middle), in walk order.
+void ImpostorAtlas::postaviLike(const Okno& okno) {
+    liki.clear();
     for (const Vnos& v : vnosi) {
         const Celica& c = *v.celica;
-        if (!c.narisana || c.stran < 0)
+        if (c.pokrito.empty())
             continue;
-        std::vector<float>& q = modeli[size_t(v.izgled)].kvadri[size_t(c.stran)];
-        const std::size_t n = q.size();
-        q.resize(n + 20);
-        float* o = q.data() + n;
-        const float u[4] = {c.u0, c.u1, c.u1, c.u0}, w[4] = {c.v0, c.v0, c.v1, c.v1};
-        const float s[4] = {c.s0, c.s1, c.s1, c.s0}, t[4] = {c.t0, c.t0, c.t1, c.t1};
-        for (int i = 0; i < 4; ++i, o += 5) {
-            const float du = u[i] * v.skala;
-            o[0] = v.noga.x + v.desnoX * du;
-            o[1] = v.noga.y + w[i] * v.skala;
-            o[2] = v.noga.z + v.desnoZ * du;
-            o[3] = s[i];
-            o[4] = t[i];
-        }
-        ++stImpostorjev;
+        const float k = v.skala;
+        auto tocka = [&](float u, float w, float& x, float& y, float& z) {
+            return okno.projiciraj(v.noga.x + v.desnoX * u * k, v.noga.y + w * k,
+                                   v.noga.z + v.desnoZ * u * k, x, y, z);
+        };
+        float ax, ay, az, bx, by, bz, cx, cy, cz, sx, sy, sz;
+        if (!tocka(c.u0, c.v0, ax, ay, az) || !tocka(c.u1, c.v0, bx, by, bz) ||
+            !tocka(c.u0, c.v1, cx, cy, cz) ||
+            !tocka(0.5f * (c.u0 + c.u1), 0.5f * (c.v0 + c.v1), sx, sy, sz))
+            continue;
+        const float e1x = bx - ax, e1y = by - ay, e2x = cx - ax, e2y = cy - ay;
+        const float det = e1x * e2y - e1y * e2x;
+        if (std::fabs(det) < 1e-6f)
+            continue;
+        const float najnizje = ay + std::min({0.0f, e1y, e2y, e1y + e2y});
+        const float najvisje = ay + std::max({0.0f, e1y, e2y, e1y + e2y});
+        if (najvisje < -1.0f || najnizje > float(visina) + 1.0f)
+            continue;
+        liki.push_back({c.pokrito.data(), std::uint32_t(c.pokrito.size()), std::uint16_t(c.w),
+                        std::uint16_t(c.h), ax, ay, e1x, e1y, e2x, e2y, det, sz, najnizje,
+                        najvisje});
     }
-    if (stImpostorjev == 0)
+}
+
+// The impostors' pixels in one band of rows; prva and zadnja get the first
+// and last row written.
+void ImpostorAtlas::sestaviPas(int pas, int& prva, int& zadnja) {
+    const int od = pas * visinaPasu, doVrste = std::min(visina, od + visinaPasu);
+    int y0 = prva, y1 = zadnja;
+    std::vector<int> stolpci, vrstice; // an upright quad's texel edges in pixels
+    for (const Lik& l : pasovi[std::size_t(pas)]) {
+        const Tekstel* const konec = l.tekseli + l.stTekselov;
+        // Upright on the screen (no roll, nor a tilt that leans it): each
+        // texel is a rectangle of whole pixels.
+        const float nagnjenost = std::fabs(l.e1y) + std::fabs(l.e2x);
+        if (nagnjenost < 0.25f && l.e1x > 0 && l.e2y > 0) {
+            auto robovi = [](std::vector<int>& r, int n, float zacetek, float korak) {
+                r.resize(std::size_t(n) + 1);
+                for (int i = 0; i <= n; ++i)
+                    r[std::size_t(i)] = navzgor(zacetek + float(i) * korak - 0.5f);
+            };
+            robovi(stolpci, l.w, l.ax, l.e1x / float(l.w));
+            robovi(vrstice, l.h, l.ay, l.e2y / float(l.h));
+            for (const Tekstel* t = l.tekseli; t != konec; ++t) {
+                const int ya = std::max(od, vrstice[t->y]);
+                const int yb = std::min(doVrste, vrstice[std::size_t(t->y) + 1]);
+                const int xa = std::max(0, stolpci[t->x]);
+                const int xb = std::min(sirina, stolpci[std::size_t(t->x) + 1]);
+                for (int y = ya; y < yb; ++y)
+                    for (int x = xa; x < xb; ++x)
+                        napisi(std::size_t(y) * std::size_t(sirina) + std::size_t(x), l.globina,
+                               t->barva, y, y0, y1);
+            }
+            continue;
+        }
+        // Otherwise across the quad: a = (d x e2) / det, b = (e1 x d) / det
+        // for d = p - corner, a and b from 0 to 1, are texel (a w, b h). Each
+        // texel over the pixels whose centres fall on it.
+        const float fw = float(l.w), fh = float(l.h);
+        const float dax = l.e2y / l.det * fw, day = -l.e2x / l.det * fw;
+        const float dbx = -l.e1y / l.det * fh, dby = l.e1x / l.det * fh;
+        const float txx = l.e1x / fw, txy = l.e1y / fw, tyx = l.e2x / fh, tyy = l.e2y / fh;
+        const float sirinaX = std::fabs(txx) + std::fabs(tyx);
+        const float sirinaY = std::fabs(txy) + std::fabs(tyy);
+        const float odmikX = std::min(0.0f, txx) + std::min(0.0f, tyx) - 0.5f;
+        const float odmikY = std::min(0.0f, txy) + std::min(0.0f, tyy) - 0.5f;
+        for (const Tekstel* t = l.tekseli; t != konec; ++t) {
+            const float a0 = float(t->x), b0 = float(t->y);
+            // The texel's lowest corner, less half a pixel, and its extent.
+            const float mx = l.ax + a0 * txx + b0 * tyx + odmikX;
+            const float my = l.ay + a0 * txy + b0 * tyy + odmikY;
+            const int ya = std::max(od, navzgor(my));
+            const int yb = std::min(doVrste - 1, navzgor(my + sirinaY) - 1);
+            if (ya > yb)
+                continue;
+            const int xa = std::max(0, navzgor(mx));
+            const int xb = std::min(sirina - 1, navzgor(mx + sirinaX) - 1);
+            for (int y = ya; y <= yb; ++y) {
+                const float px = float(xa) + 0.5f - l.ax, py = float(y) + 0.5f - l.ay;
+                float a = px * dax + py * day, b = px * dbx + py * dby;
+                for (int x = xa; x <= xb; ++x, a += dax, b += dbx)
+                    if (a >= a0 && a < a0 + 1 && b >= b0 && b < b0 + 1)
+                        napisi(std::size_t(y) * std::size_t(sirina) + std::size_t(x), l.globina,
+                               t->barva, y, y0, y1);
+            }
+        }
+    }
+    prva = y0;
+    zadnja = y1;
+}
+
+// One texel into one pixel: depth tested; where the tree's drawing hides
+// without colour only the depth is kept.
+inline void ImpostorAtlas::napisi(std::size_t p, float z, std::uint32_t barva, int y, int& y0,
+                                  int& y1) {
+    if (!(z < globina[p]))
         return;
-    glPushAttrib(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_TEXTURE_BIT | GL_CURRENT_BIT |
-                 GL_DEPTH_BUFFER_BIT);
-    glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
+    globina[p] = z;
+    if (barva == oznakaPokritosti)
+        return;
+    barve[p] = cez(barva, barve[p]);
+    y0 = std::min(y0, y);
+    y1 = std::max(y1, y);
+}
+
+// The composed rows y0 ... y1 blended over the frame (premultiplied).
+void ImpostorAtlas::narisiSestavljeno(int y0, int y1) {
+    GLint vp[4];
+    glGetIntegerv(GL_VIEWPORT, vp);
+    glPushAttrib(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_CURRENT_BIT | GL_PIXEL_MODE_BIT |
+                 GL_TRANSFORM_BIT);
+    glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
+    glDisable(GL_DEPTH_TEST);
     glDisable(GL_LIGHTING);
-    glDisable(GL_CULL_FACE);
-    glEnable(GL_TEXTURE_2D);
-    glEnable(GL_DEPTH_TEST);
-    glDepthMask(GL_TRUE);
-    glEnable(GL_ALPHA_TEST);
-    glAlphaFunc(GL_GREATER, 0.0f);
+    glDisable(GL_TEXTURE_2D);
+    glDisable(GL_ALPHA_TEST);
+    glDisable(GL_FOG);
     glEnable(GL_BLEND);
     glBlendFunc(GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
-    glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_REPLACE);
-    glEnableClientState(GL_VERTEX_ARRAY);
-    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
-    glDisableClientState(GL_NORMAL_ARRAY);
-    glDisableClientState(GL_COLOR_ARRAY);
-    for (Model& m : modeli)
-        for (std::size_t i = 0; i < m.kvadri.size(); ++i) {
-            const std::vector<float>& q = m.kvadri[i];
-            if (q.empty())
-                continue;
-            glBindTexture(GL_TEXTURE_2D, m.strani[i]->texture());
-            glVertexPointer(3, GL_FLOAT, 5 * sizeof(float), q.data());
-            glTexCoordPointer(2, GL_FLOAT, 5 * sizeof(float), q.data() + 3);
-            glDrawArrays(GL_QUADS, 0, GLsizei(q.size() / 5));
-        }
+    glMatrixMode(GL_PROJECTION);
+    glPushMatrix();
+    glLoadIdentity();
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+    // Row y0 of the viewport, a quarter pixel in so that rounding cannot move it.
+    glRasterPos2f(-1.0f + 0.25f * 2.0f / float(vp[2]),
+                  -1.0f + (float(y0) + 0.25f) * 2.0f / float(vp[3]));
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
+    glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
+    glDrawPixels(vp[2], y1 - y0 + 1, GL_RGBA, GL_UNSIGNED_BYTE,
+                 barve.data() + std::size_t(y0) * std::size_t(vp[2]));
+    glPopMatrix();
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
     glPopClientAttrib();
     glPopAttrib();
 }
@@ -568,21 +787,14 @@ const ImpostorAtlas::Celica& ImpostorAtlas::celica(int izgled, int lod, int veli
     return modeli[size_t(izgled)].skupine[lod - prvaRaven].celice[velikost][smer][visina];
 }
 
-QImage ImpostorAtlas::slika(int izgled, const Celica& c) const {
-    if (!c.narisana || c.stran < 0)
+QImage ImpostorAtlas::slika(const Celica& c) {
+    if (c.slika.empty())
         return QImage();
-    const QOpenGLFramebufferObject& stran = *modeli[size_t(izgled)].strani[size_t(c.stran)];
-    const int x = int(std::lround(c.s0 * velikostStrani)),
-              y = int(std::lround(c.t0 * velikostStrani));
-    const int w = int(std::lround(c.s1 * velikostStrani)) - x;
-    const int h = int(std::lround(c.t1 * velikostStrani)) - y;
-    QImage slika(w, h, QImage::Format_RGBA8888_Premultiplied);
-    const GLuint okvir = trenutniOkvir();
-    gl()->glBindFramebuffer(GL_FRAMEBUFFER, stran.handle());
-    glPixelStorei(GL_PACK_ALIGNMENT, 4);
-    glReadPixels(x, y, w, h, GL_RGBA, GL_UNSIGNED_BYTE, slika.bits());
-    gl()->glBindFramebuffer(GL_FRAMEBUFFER, okvir);
-    return slika.mirrored();
+    QImage slika(c.w, c.h, QImage::Format_RGBA8888_Premultiplied);
+    for (int r = 0; r < c.h; ++r) // bottom row first
+        std::memcpy(slika.scanLine(c.h - 1 - r), c.slika.data() + std::size_t(r) * std::size_t(c.w),
+                    std::size_t(c.w) * 4);
+    return slika;
 }
 
 } // namespace ecosystem::render

@@ -485,8 +485,12 @@ int VisiblePlantsRender::render(std::vector<simulationEntities::CVrstaRastlin>& 
     }
     // Impostors stand in for far trees, except in wire frame.
     const bool impostorji = flags.fastDistantTrees && !flags.wireframe && !flags.doNotDrawTrees;
-    if (impostorji)
+    if (impostorji) {
         atlas().zacniSprehod(izglediDrevesnihVrst, flags.lightingEnabled, pozicijaKamere);
+        // The frame so far is drawn while the walk runs: the impostors wait
+        // for it at the end.
+        glFlush();
+    }
     for (simulationEntities::CVrstaRastlin& vrsta : vrste) {
         int stRenderiranihDrevesVrste = 0;
         // A type without a model of its own takes the last one.
@@ -578,7 +582,7 @@ int VisiblePlantsRender::render(std::vector<simulationEntities::CVrstaRastlin>& 
     if (impostorji) {
         QElapsedTimer impostorTimer;
         impostorTimer.start();
-        atlasImpostorjev->koncajSprehod(casAtlasaNaOkvirMs);
+        atlasImpostorjev->koncajSprehod(casAtlasaNaOkvirMs, stNiti);
         atlasPending = atlasImpostorjev->manjka();
         impostorsMs = impostorTimer.nsecsElapsed() / 1e6;
     }
