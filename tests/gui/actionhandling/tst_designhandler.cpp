@@ -8,6 +8,7 @@
 #include "gui/glformat.h"
 #include "gui/mainwindow.h"
 #include "support/mainwindowfixture.h"
+#include "support/mouseover.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -68,7 +69,7 @@ class TestDesignHandler : public QObject {
         QPoint p = g->points()[i].toPoint();
         p.setX(std::clamp(p.x(), 2, g->width() - 3));
         QTest::mousePress(g, Qt::LeftButton, {}, p);
-        QTest::mouseMove(g, p + by);
+        mouseOver(g, p + by, Qt::LeftButton);
         QTest::mouseRelease(g, Qt::LeftButton, {}, p + by);
     }
     static void type(QAbstractSpinBox* s, const QString& text) {
@@ -196,11 +197,11 @@ private slots:
         DistributionDesigner* d = designer(0);
         QTest::mouseClick(d->colorLevels, Qt::LeftButton);
         const arbo::Pogled& pogled = tree()->pogled;
-        QTest::mouseMove(d->graphG, QPoint(d->graphG->width() / 2, 10));
+        mouseOver(d->graphG, QPoint(d->graphG->width() / 2, 10));
         QCOMPARE(QList<int>(
                      {pogled.barvajGMin, pogled.barvajGMax, pogled.barvajWMin, pogled.barvajWMax}),
                  QList<int>({7, 7, -1, -1}));
-        QTest::mouseMove(d->graphW, QPoint(2, 10));
+        mouseOver(d->graphW, QPoint(2, 10));
         QCOMPARE(QList<int>(
                      {pogled.barvajGMin, pogled.barvajGMax, pogled.barvajWMin, pogled.barvajWMax}),
                  QList<int>({-1, -1, 0, 0}));

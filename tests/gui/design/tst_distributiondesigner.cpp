@@ -2,8 +2,10 @@
 #include "gui/design/hoverpoints.h"
 #include "gui/design/widgetgraph.h"
 
+#include "support/mouseover.h"
 #include <QCheckBox>
 #include <QLabel>
+
 #include <QtTest>
 
 #include <memory>
@@ -52,7 +54,7 @@ class TestDistributionDesigner : public QObject {
     }
     static void drag(gui::WidgetGraph* graph, QPointF from, QPoint to) {
         QTest::mousePress(graph, Qt::LeftButton, {}, from.toPoint());
-        QTest::mouseMove(graph, to);
+        mouseOver(graph, to, Qt::LeftButton);
         QTest::mouseRelease(graph, Qt::LeftButton, {}, to);
     }
     static bool same(const Krivulja& a, const Krivulja& b) {
@@ -139,19 +141,20 @@ private slots:
         gui::WidgetGraph* graph = depth ? d->graphW : d->graphG;
         QSignalSpy reported(d.get(), depth ? &DistributionDesigner::hoverWChanged
                                            : &DistributionDesigner::hoverGChanged);
-        QTest::mouseMove(graph, QPoint(graph->width() / 2, graph->height() / 2));
+        mouseOver(graph, QPoint(graph->width() / 2, graph->height() / 2));
         QCOMPARE(reported.count(), 0); // colouring off
         QTest::mouseClick(d->colorLevels, Qt::LeftButton);
         QCOMPARE(reported.count(), 0);
         if (dragged < 0) {
             const int levels = depth ? 50 : 15;
-            QTest::mouseMove(graph, QPoint(int(at / levels * graph->width()), 10));
+            mouseOver(graph, QPoint(int(at / levels * graph->width()), 10));
         } else {
             // The last point sits on the right edge, just past the last pixel.
             const QPoint p = graph->points()[dragged].toPoint() - QPoint(dragged == 2 ? 3 : 0, 0);
             QTest::mousePress(graph, Qt::LeftButton, {}, p);
-            QTest::mouseMove(graph, p + QPoint(dragged == 1 ? 3 : 0, 6));
+            mouseOver(graph, p + QPoint(dragged == 1 ? 3 : 0, 6), Qt::LeftButton);
         }
+        QVERIFY(!reported.isEmpty());
         QCOMPARE(reported.last(), QList<QVariant>({lo, hi}));
         QCOMPARE(d->hoverIndex->text(), text);
         QTest::mouseClick(d->colorLevels, Qt::LeftButton); // off again: the highlight goes
@@ -179,9 +182,9 @@ private slots:
         open(labels);
         g = Krivulja{{{0, y}, {1, y}}};
         d->setKrivulje();
-        QTest::mouseMove(d->graphG, QPoint(0, 5));
+        mouseOver(d->graphG, QPoint(0, 5));
         QCOMPARE(d->valueG->text(), text);
-        QTest::mouseMove(d->graphW, QPoint(0, 5)); // the depth graph: 0% ... 200%
+        mouseOver(d->graphW, QPoint(0, 5)); // the depth graph: 0% ... 200%
         QCOMPARE(d->valueW->text(), QString("W=0: 100%"));
     }
 
