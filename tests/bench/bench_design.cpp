@@ -106,7 +106,7 @@ int main(int argc, char** argv) {
 
     if (!imageDir.isEmpty()) {
         QTest::mouseClick(d->colorLevels, Qt::LeftButton);
-        mouseOver(graph, QPoint(graph->width() / 3, 20));
+        mouseOver(graph, QPoint(graph->width() / 10, 20)); // the first branches
         QTest::qWait(300);
         w.ui.actionAdvanced_tree_properties->trigger();
         QTest::qWaitForWindowExposed(w.designHandler->advancedTreeProperties);

@@ -85,6 +85,15 @@ DistributionDesigner::DistributionDesigner(QWidget* parent, const std::vector<in
 
     layout->addWidget(new QLabel(
         tr("Left click to add and move to modify a point or right click to remove."), this));
+    layout->addLayout(buildControls());
+    setWindowTitle(windowTitle() + title);
+    takeKrivulje(krivuljeG, krivuljeW);
+    connectControls();
+}
+
+// The selected level, the two check boxes, OK and Cancel.
+QLayout* DistributionDesigner::buildControls() {
+    auto* controls = new QVBoxLayout();
     auto* state = new QHBoxLayout();
     state->addWidget(new QLabel(tr("Selected level:"), this));
     hoverIndex = new QLabel(tr("no hover"), this);
@@ -99,16 +108,17 @@ DistributionDesigner::DistributionDesigner(QWidget* parent, const std::vector<in
     autoProof->setChecked(true);
     state->addWidget(colorLevels);
     state->addWidget(autoProof);
-    layout->addLayout(state);
+    controls->addLayout(state);
     auto* buttons = new QDialogButtonBox(this);
     buttons->addButton(tr("OK"), QDialogButtonBox::AcceptRole)->setObjectName("okButton");
     buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole)->setObjectName("cancelButton");
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    layout->addWidget(buttons);
+    controls->addWidget(buttons);
+    return controls;
+}
 
-    setWindowTitle(windowTitle() + title);
-    takeKrivulje(krivuljeG, krivuljeW);
+void DistributionDesigner::connectControls() {
     connect(this, &QDialog::rejected, this, &DistributionDesigner::ponastaviParametreDrevesa);
     connect(graphG->hoverPoints, &HoverPoints::pointsChanged, this,
             [this] { pointsChanged(grafG); });

@@ -90,6 +90,8 @@ private:
 
     QLayout* buildGraph(Graph& g, const QString& caption, const QString** labels,
                         const char* labelName);
+    QLayout* buildControls();
+    void connectControls();
     void showCurve(Graph& g, const arbo::Krivulja& curve);
     void pointsChanged(Graph& g);
     arbo::Krivulja curveOf(const Graph& g) const;

@@ -80,6 +80,29 @@ AdvancedTreeProperties::AdvancedTreeProperties(QWidget* parent, arbo::Arbo* tree
     auto* layout = new QVBoxLayout(this);
     auto* grid = new QGridLayout();
     grid->setColumnMinimumWidth(1, 260);
+    addRows(grid);
+    layout->addLayout(grid);
+
+    autoProof = new QCheckBox(tr("auto-proof"), this);
+    autoProof->setObjectName("autoProof");
+    autoProof->setChecked(true);
+    auto* buttons = new QDialogButtonBox(this);
+    auto* apply = buttons->addButton(tr("Apply"), QDialogButtonBox::ApplyRole);
+    apply->setObjectName("applyButton");
+    buttons->addButton(tr("OK"), QDialogButtonBox::AcceptRole)->setObjectName("okButton");
+    buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole)->setObjectName("cancelButton");
+
+    auto* bottom = new QHBoxLayout();
+    bottom->addWidget(autoProof);
+    bottom->addWidget(buttons, 1);
+    layout->addLayout(bottom);
+
+    loadControls();
+    connectControls(apply, buttons);
+}
+
+// The ten values, in the order of the form; the leaf type's combo box among them.
+void AdvancedTreeProperties::addRows(QGridLayout* grid) {
     using P = arbo::ParametriDrevesa;
 
     editNumberOfStrands = intSpin(this, "editNumberOfStrands", 100000);
@@ -135,23 +158,9 @@ AdvancedTreeProperties::AdvancedTreeProperties(QWidget* parent, arbo::Arbo* tree
         grid, tr("Wind nonuniform speed:"), sliderWindSpeedNodirect, 10000, editWindSpeedNodirect,
         10, [](const P& p) { return p.windSpeedNodirect; },
         [](P& p, double v) { p.windSpeedNodirect = v; });
-    layout->addLayout(grid);
+}
 
-    autoProof = new QCheckBox(tr("auto-proof"), this);
-    autoProof->setObjectName("autoProof");
-    autoProof->setChecked(true);
-    auto* buttons = new QDialogButtonBox(this);
-    auto* apply = buttons->addButton(tr("Apply"), QDialogButtonBox::ApplyRole);
-    apply->setObjectName("applyButton");
-    buttons->addButton(tr("OK"), QDialogButtonBox::AcceptRole)->setObjectName("okButton");
-    buttons->addButton(tr("Cancel"), QDialogButtonBox::RejectRole)->setObjectName("cancelButton");
-
-    auto* bottom = new QHBoxLayout();
-    bottom->addWidget(autoProof);
-    bottom->addWidget(buttons, 1);
-    layout->addLayout(bottom);
-
-    loadControls();
+void AdvancedTreeProperties::connectControls(QPushButton* apply, QDialogButtonBox* buttons) {
     using A = AdvancedTreeProperties;
     const std::pair<void (A::*)(int), void (A::*)(double)> handlers[] = {
         {&A::on_sliderTrinkHeight_valueChanged, &A::on_editTrinkHeight_valueChanged},

@@ -10,8 +10,10 @@
 class QAbstractSpinBox;
 class QCheckBox;
 class QComboBox;
+class QDialogButtonBox;
 class QDoubleSpinBox;
 class QGridLayout;
+class QPushButton;
 class QSlider;
 class QSpinBox;
 
@@ -114,6 +116,8 @@ private:
     };
     static constexpr int LeafTypeRow = 5;
 
+    void addRows(QGridLayout* grid);
+    void connectControls(QPushButton* apply, QDialogButtonBox* buttons);
     void addRow(QGridLayout* grid, const QString& label, QSlider*& slider, int sliderMax,
                 QAbstractSpinBox* spin, double scale,
                 std::function<double(const arbo::ParametriDrevesa&)> read,
