@@ -4,7 +4,9 @@
 // tree, an 800 x 600 view). "event" is the part spent in the move itself
 // (designer, curves handed on, table recomputed, repaint requested), "paint"
 // the time until the view has drawn the frame (tree grown and drawn), "compose"
-// the rest until the window has put the frame on the screen.
+// the rest until the window has put the frame on the screen. Also the CPU
+// time per change of the main thread and of the whole process (llvmpipe's
+// rasteriser threads included): steadier than wall time on a busy machine.
 // Run from the repository root under Xvfb:
 //   xvfb-run -a -s "-screen 0 1280x1024x24" build/tests/bench_design [moves [imageDir]]
 // With imageDir the window, the designer (levels coloured) and the advanced
@@ -29,6 +31,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <vector>
 
 namespace {
@@ -36,6 +39,12 @@ namespace {
 struct Stats {
     double median, low, high;
 };
+
+double cpuMs(clockid_t clock) {
+    timespec t;
+    clock_gettime(clock, &t);
+    return t.tv_sec * 1e3 + t.tv_nsec / 1e6;
+}
 
 Stats stats(std::vector<double> v) {
     std::sort(v.begin(), v.end());
@@ -84,13 +93,16 @@ int main(int argc, char** argv) {
     // The right end point of the order curve, dragged up and down.
     const QPoint start(graph->width() - 3, int(graph->points().back().y()));
     QTest::mousePress(graph, Qt::LeftButton, {}, start);
-    std::vector<double> total, event, paint, compose;
+    std::vector<double> total, event, paint, compose, mainCpu, allCpu;
     for (int i = 0; i < moves + 5; ++i) {
         const QPoint to(start.x(), 10 + (i * 37) % (graph->height() - 20));
         double e = 0, p = 0;
+        const double main0 = cpuMs(CLOCK_THREAD_CPUTIME_ID), all0 = cpuMs(CLOCK_PROCESS_CPUTIME_ID);
         const double ms = frameAfter(to, e, p);
         if (i < 5)
             continue; // warm-up: llvmpipe compiles its shaders on the first frames
+        mainCpu.push_back(cpuMs(CLOCK_THREAD_CPUTIME_ID) - main0);
+        allCpu.push_back(cpuMs(CLOCK_PROCESS_CPUTIME_ID) - all0);
         total.push_back(ms);
         event.push_back(e);
         paint.push_back(p);
@@ -103,6 +115,8 @@ int main(int argc, char** argv) {
                 s.low, s.high);
     std::printf("  event %.2f ms, paint %.1f ms, compose %.1f ms (medians)\n", se.median, sp.median,
                 sc.median);
+    std::printf("  CPU per change: main thread %.1f ms, process %.1f ms (medians)\n",
+                stats(mainCpu).median, stats(allCpu).median);
 
     if (!imageDir.isEmpty()) {
         QTest::mouseClick(d->colorLevels, Qt::LeftButton);
