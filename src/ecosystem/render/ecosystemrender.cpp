@@ -277,6 +277,7 @@ void EcosystemRender::toggleSingleRender() {
     izbranoArbo->pogled.animateGrow = false;
     izbranoArbo->pogled.wireframe = false;
     izbranoArbo->pogled.orbit = 0;
+    emit selectedTreeReplaced();
 }
 
 void EcosystemRender::selectNextTreeSpecies() {
@@ -288,6 +289,7 @@ void EcosystemRender::selectNextTreeSpecies() {
     selectTree((indexIzbranegaDrevesa + 1) % int(izglediDrevesnihVrst.size()));
     izbranoArbo->pogled.animateOrbitAround = orbit;
     izbranoArbo->pogled.animateWindSway = sway;
+    emit selectedTreeReplaced();
     emit modelDataChanged();
 }
 

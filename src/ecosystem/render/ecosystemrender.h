@@ -97,6 +97,10 @@ signals:
     void stopTreeAnimation();
     void nrPlantsLivingChanged();
     void nrPlantsRenderedChanged();
+    // The selected tree was switched, its parameters were replaced as a whole
+    // (a parameter file loaded into it) or the tree-edit mode was entered or
+    // left: whatever edits the selected tree takes it up again (or closes).
+    void selectedTreeReplaced();
 
 public slots:
     void render();
