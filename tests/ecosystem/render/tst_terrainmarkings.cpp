@@ -3,6 +3,7 @@
 #include "ecosystem/simulation/data/terraindata.h"
 
 #include "support/glcontext.h"
+#include "support/imagecompare.h"
 #include "support/terrain.h"
 
 #include <GL/gl.h>
@@ -95,33 +96,18 @@ private slots:
     void initTestCase() { QVERIFY(gl.createWithViewState(imageSize, imageSize)); }
 
     // On a 4 x 3 grid (25 m apart) each vertex but the last row and column gets
-    // a square of half-side 17.75 v / sqrt 2, in its layer's colour, over
-    // whatever is nearer the eye; the state afterwards is the same whatever it
-    // was before.
-    void layersAsDiamonds_data() {
-        QTest::addColumn<int>("layer");
-        QTest::addColumn<QColor>("full"); // colour at value 1
-        QTest::newRow("inclination") << 0 << QColor(255, 0, 255);
-        QTest::newRow("moisture") << 1 << QColor(0, 255, 0);
-        QTest::newRow("sunniness") << 2 << QColor(255, 0, 0);
-        QTest::newRow("windiness") << 3 << QColor(255, 255, 0);
-    }
-
-    void layersAsDiamonds() {
-        QFETCH(int, layer);
-        QFETCH(QColor, full);
+    // a square of half-side 17.75 v / sqrt 2 in the layer's colour (moisture
+    // here: green v), over whatever is nearer the eye; the state afterwards is
+    // the same whatever it was before.
+    void diamondsOnASmallGrid() {
         CTerrainData t;
         testterrain::pripravi(t, 4, 3);
-        std::vector<float>* layers[] = {&t.terrainInclination, &t.terrainMoisture,
-                                        &t.terrainSunniness, &t.terrainWindiness};
-        std::vector<float>& values = *layers[layer];
         // Row 0: 1, 0.5, 0 (none), and the skipped last column; row 1: 0.75, -1
         // (none), 0.25; row 2 is skipped.
-        values = {1.0f, 0.5f, 0.0f, 1.0f, 0.75f, -1.0f, 0.25f, 1.0f, 1.0f, 1.0f, 1.0f, 1.0f};
+        const std::vector<float> values = {1.0f,  0.5f, 0.0f, 1.0f, 0.75f, -1.0f,
+                                           0.25f, 1.0f, 1.0f, 1.0f, 1.0f,  1.0f};
+        t.terrainMoisture = values;
         TerrainMarkings markings(&t);
-        void (TerrainMarkings::*render[])() = {
-            &TerrainMarkings::renderInclination, &TerrainMarkings::renderMoisture,
-            &TerrainMarkings::renderSunniness, &TerrainMarkings::renderWindiness};
 
         lookDown();
         // Something nearer the eye than the diamonds; with lighting and blending on.
@@ -134,13 +120,11 @@ private slots:
         glVertex3f(-28, 500, 100);
         glEnd();
         glEnable(GL_LIGHTING);
-        (markings.*render[layer])();
+        markings.renderMoisture();
         const QImage image = finish();
 
-        auto scaled = [&](float v) {
-            return QColor(int(std::lround(full.red() * v)), int(std::lround(full.green() * v)),
-                          int(std::lround(full.blue() * v)));
-        };
+        auto scaled = [](float v) { return QColor(0, int(std::lround(255 * v)), 0); };
+        const QColor full = scaled(1);
         const QColor grey = pixelAt(image, 90, 90); // far from every diamond
         for (int y = 0; y < 3; ++y)
             for (int x = 0; x < 4; ++x) {
@@ -167,6 +151,68 @@ private slots:
         GLint vertexArray = 1;
         glGetIntegerv(GL_VERTEX_ARRAY, &vertexArray);
         QCOMPARE(vertexArray, 0); // the trees' own arrays come next
+    }
+
+    // Seen in perspective over a hilly grid, each layer's frame is pixel for
+    // pixel that of one four-slice quadric disk per vertex in its own turned
+    // frame, coloured as the layer says (to the last unit of a channel).
+    void diamondsAreTheDisksOfTheLayer() {
+        CTerrainData t;
+        testterrain::reshape(t, 12, 12, [](int x, int y) { return float(7 * x + 3 * y % 5); });
+        for (int i = 0; i < 144; ++i) {
+            t.terrainInclination[i] = (i % 7) / 6.0f;
+            t.terrainMoisture[i] = (i % 5) / 4.0f;
+            t.terrainSunniness[i] = 1.5f * (i % 3) / 2.0f;
+            t.terrainWindiness[i] = (i % 11) / 10.0f - 0.1f;
+        }
+        TerrainMarkings markings(&t);
+        auto look = [] {
+            glMatrixMode(GL_PROJECTION);
+            glLoadIdentity();
+            gluPerspective(60, 1, 1, 2000);
+            glMatrixMode(GL_MODELVIEW);
+            glLoadIdentity();
+            gluLookAt(-60, 180, -60, 140, 0, 140, 0, 1, 0);
+            glClearColor(0, 0, 0, 1);
+            glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+            glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+            glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_FALSE); // colours only
+        };
+        glViewport(0, 0, imageSize, imageSize);
+        const std::vector<float>* layers[] = {&t.terrainInclination, &t.terrainMoisture,
+                                              &t.terrainSunniness, &t.terrainWindiness};
+        for (int type = 1; type <= 4; ++type) {
+            look();
+            markings.renderDataOnVertices(const_cast<float*>(layers[type - 1]->data()), type);
+            const QImage drawn = finish();
+
+            look();
+            glDisable(GL_LIGHTING);
+            glDisable(GL_TEXTURE_2D);
+            glDisable(GL_BLEND);
+            for (int y = 0; y < 11; ++y)
+                for (int x = 0; x < 11; ++x) {
+                    const float v = (*layers[type - 1])[y * 12 + x];
+                    const float rgb[4][3] = {{v, 0, v}, {0, v, 0}, {v, 0, 0}, {v, v, 0}};
+                    glColor4f(rgb[type - 1][0], rgb[type - 1][1], rgb[type - 1][2], 0.5f);
+                    glDisable(GL_DEPTH_TEST);
+                    glPushMatrix();
+                    const arbo::Tocka& p = t.pTerrainVertexData[y * 12 + x].pos;
+                    glTranslatef(p.x, p.y, p.z);
+                    glRotatef(90, 1, 0, 0);
+                    glRotatef(45, 0, 0, 1);
+                    gluDisk(markings.kvadraticnePloskve, 0, 17.75 * v, 4, 1);
+                    glPopMatrix();
+                    glEnable(GL_DEPTH_TEST);
+                }
+            const QImage reference = finish();
+            QVERIFY(imagecompare::pixelsOtherThan(reference, qRgb(0, 0, 0)) > 1000);
+            // Colours interpolated over a whole array may round the other way at .5.
+            QCOMPARE(imagecompare::differingPixels(drawn, reference, 1), 0);
+        }
+        glEnable(GL_LIGHTING);
+        glEnable(GL_TEXTURE_2D);
+        glEnable(GL_BLEND);
     }
 
     // One red line of 50 m along the normal from every vertex but those of the
