@@ -96,18 +96,26 @@ void TerrainMarkings::drawNormalLines() {
     if (t.stTockX < 2 || t.stTockY < 2 || t.pTerrainVertexData.size() < n ||
         t.terrainNormals.size() < n)
         return;
-    vertices.clear();
+    const size_t lines = size_t(t.stTockX - 1) * size_t(t.stTockY - 1);
+    if (vertices.size() < lines * 6)
+        vertices.resize(lines * 6);
+    GLfloat* vertex = vertices.data();
     for (int y = 0; y < t.stTockY - 1; ++y)
         for (int x = 0; x < t.stTockX - 1; ++x) {
             const int base = y * t.stTockX + x;
             const arbo::Tocka& p = t.pTerrainVertexData[base].pos;
             const arbo::Tocka& nv = t.terrainNormals[base];
-            vertices.insert(vertices.end(), {p.x, p.y, p.z, p.x + normalLength * nv.x,
-                                             p.y + normalLength * nv.y, p.z + normalLength * nv.z});
+            const GLfloat ends[6] = {p.x,
+                                     p.y,
+                                     p.z,
+                                     p.x + normalLength * nv.x,
+                                     p.y + normalLength * nv.y,
+                                     p.z + normalLength * nv.z};
+            vertex = std::copy(ends, ends + 6, vertex);
         }
     glEnableClientState(GL_VERTEX_ARRAY);
     glVertexPointer(3, GL_FLOAT, 0, vertices.data());
-    glDrawArrays(GL_LINES, 0, GLsizei(vertices.size() / 3));
+    glDrawArrays(GL_LINES, 0, GLsizei(lines * 2));
     glDisableClientState(GL_VERTEX_ARRAY);
 }
 
@@ -123,8 +131,14 @@ void TerrainMarkings::drawDiamonds(const float* data, int type) {
     if (t.stTockX < 2 || t.stTockY < 2 || t.pTerrainVertexData.size() < n ||
         !diamondColour(type, 0.0f, rgba))
         return;
-    vertices.clear();
-    colours.clear();
+    // Room for every diamond, kept from frame to frame; filled in place.
+    const size_t most = size_t(t.stTockX - 1) * size_t(t.stTockY - 1);
+    if (vertices.size() < most * 12)
+        vertices.resize(most * 12);
+    if (colours.size() < most * 16)
+        colours.resize(most * 16);
+    GLfloat* vertex = vertices.data();
+    GLfloat* colour = colours.data();
     const float cornerToSide = float(std::sqrt(0.5));
     for (int y = 0; y < t.stTockY - 1; ++y)
         for (int x = 0; x < t.stTockX - 1; ++x) {
@@ -134,18 +148,20 @@ void TerrainMarkings::drawDiamonds(const float* data, int type) {
                 continue;
             const arbo::Tocka& p = t.pTerrainVertexData[base].pos;
             const float d = diamondRadius * v * cornerToSide;
-            vertices.insert(vertices.end(), {p.x - d, p.y, p.z + d, p.x + d, p.y, p.z + d, p.x + d,
-                                             p.y, p.z - d, p.x - d, p.y, p.z - d});
+            const GLfloat corners[12] = {p.x - d, p.y, p.z + d, p.x + d, p.y, p.z + d,
+                                         p.x + d, p.y, p.z - d, p.x - d, p.y, p.z - d};
+            vertex = std::copy(corners, corners + 12, vertex);
             diamondColour(type, v, rgba);
             for (int corner = 0; corner < 4; ++corner)
-                colours.insert(colours.end(), rgba, rgba + 4);
+                colour = std::copy(rgba, rgba + 4, colour);
         }
+    const GLsizei count = GLsizei((vertex - vertices.data()) / 3);
     glDisable(GL_DEPTH_TEST);
     glEnableClientState(GL_VERTEX_ARRAY);
     glEnableClientState(GL_COLOR_ARRAY);
     glVertexPointer(3, GL_FLOAT, 0, vertices.data());
     glColorPointer(4, GL_FLOAT, 0, colours.data());
-    glDrawArrays(GL_QUADS, 0, GLsizei(vertices.size() / 3));
+    glDrawArrays(GL_QUADS, 0, count);
     glDisableClientState(GL_COLOR_ARRAY);
     glDisableClientState(GL_VERTEX_ARRAY);
     glEnable(GL_DEPTH_TEST);
