@@ -141,7 +141,8 @@ int main(int argc, char** argv) {
                 windowShare.push_back(100.0 * x.windowMs / x.runMs);
         }
     const double a = median(without), b = median(with);
-    std::printf("plant area %d to %d; median of %d runs of %d steps: without %.0f ms, with %.0f ms (%+.1f %%); "
+    std::printf("plant area %d to %d; median of %d runs of %d steps: without %.0f ms, with %.0f ms "
+                "(%+.1f %%); "
                 "the window's own work %.2f %% of its runs\n",
                 first, last, runs, steps, a, b, 100.0 * (b - a) / a, median(windowShare));
     return 0;
