@@ -28,6 +28,57 @@
     </message>
 </context>
 <context>
+    <name>EcosystemStatistics</name>
+    <message>
+        <source>Ecosystem statistics</source>
+        <translation>Statistika ekosistema</translation>
+    </message>
+    <message>
+        <source>rendered only</source>
+        <translation>samo izrisane</translation>
+    </message>
+    <message>
+        <source>Living species:</source>
+        <translation>Žive vrste:</translation>
+    </message>
+    <message>
+        <source>Bush</source>
+        <translation>Grm</translation>
+    </message>
+    <message>
+        <source>Weeping willow</source>
+        <translation>Vrba žalujka</translation>
+    </message>
+    <message>
+        <source>Maple</source>
+        <translation>Javor</translation>
+    </message>
+    <message>
+        <source>Pine</source>
+        <translation>Bor</translation>
+    </message>
+    <message>
+        <source>Beech</source>
+        <translation>Bukev</translation>
+    </message>
+    <message>
+        <source>Tip: right click on graph to determine year and number of plants.</source>
+        <translation>Namig: desni klik na graf pokaže leto in število rastlin.</translation>
+    </message>
+    <message>
+        <source>Current value:</source>
+        <translation>Trenutna vrednost:</translation>
+    </message>
+    <message>
+        <source>Save as CSV…</source>
+        <translation>Shrani kot CSV …</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Zapri</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Bosket</source>
@@ -702,6 +753,49 @@
     </message>
 </context>
 <context>
+    <name>gui::EcosystemStatistics</name>
+    <message>
+        <source>plants</source>
+        <translation>rastline</translation>
+    </message>
+    <message>
+        <source>frame</source>
+        <translation>sličica</translation>
+    </message>
+    <message>
+        <source>step</source>
+        <translation>korak</translation>
+    </message>
+    <message>
+        <source>Species %1</source>
+        <translation>Vrsta %1</translation>
+    </message>
+    <message>
+        <source>%1 living</source>
+        <translation>%1 žive</translation>
+    </message>
+    <message>
+        <source>%1 drawn</source>
+        <translation>%1 izrisane</translation>
+    </message>
+    <message>
+        <source>Save statistics as CSV</source>
+        <translation>Shrani statistiko kot CSV</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>Datoteke CSV (*.csv)</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Napaka</translation>
+    </message>
+    <message>
+        <source>Could not save file.</source>
+        <translation>Datoteke ni bilo mogoče shraniti.</translation>
+    </message>
+</context>
+<context>
     <name>gui::Help</name>
     <message>
         <source>&lt;h3&gt;The tree model&lt;/h3&gt;&lt;p&gt;A tree is grown from its trunk base upwards, segment by segment. Two orders locate every segment: the &lt;b&gt;Gravelius order&lt;/b&gt; g is the branching order (0 for the trunk, one more each time growth passes into a side branch); the &lt;b&gt;Weibull order&lt;/b&gt; w is the depth, the number of segments from the root along the path. Every distribution is drawn as a pair of curves, one over g and one over w; the tree reads their product.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Strand distribution.&lt;/b&gt; The trunk is a bundle of strands (their number is the tree&apos;s age and sets its thickness). At every branching the strands are shared between the main branch and the side branch; the curve gives the share that stays in the main branch. A segment with few strands is thin; a branch with one strand ends and carries leaves.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Branching angles.&lt;/b&gt; The angle in degrees between the two branches of a split. Small angles give slim, upright crowns; large angles open the crown.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Branch lengths.&lt;/b&gt; The minimal and maximal relative branch length and the branch length scaling decide how long each segment grows.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Gravimorphism.&lt;/b&gt; How strongly, and in which direction (-180 to 180 degrees), branches of each order and depth turn towards or away from the ground: positive values lift them, negative values make them hang like a willow&apos;s. Gravicentralism keeps the central trunk upright.&lt;/p&gt;</source>
@@ -718,6 +812,17 @@
     <message>
         <source>Bosket Help</source>
         <translation>Pomoč za Bosket</translation>
+    </message>
+</context>
+<context>
+    <name>gui::MainWindow</name>
+    <message>
+        <source>Error</source>
+        <translation>Napaka</translation>
+    </message>
+    <message>
+        <source>First run simulation please.</source>
+        <translation>Najprej zaženite simulacijo.</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,7 @@
 #include "gui/mainwindow.h"
 
+#include "arbo/arbo.h"
+#include "arbo/usermessage.h"
 #include "ecosystem/render/ecosystemrender.h"
 #include "gui/about.h"
 #include "gui/actionhandling/designhandler.h"
@@ -11,6 +13,7 @@
 #include "gui/oglwidget.h"
 #include "gui/plantarea.h"
 #include "gui/randomgeneratorseedseditor.h"
+#include "gui/statistics/ecosystemstatistics.h"
 
 #include <QSpinBox>
 
@@ -34,6 +37,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
             &MainWindow::newGlContextInitialized);
     ui.dockWidget->setWidget(oglWidget);
     bindWindowActions();
+    bindStatistics();
 }
 
 // The actions the window carries out itself; bound before any scene exists.
@@ -69,6 +73,7 @@ void MainWindow::bindNewModel(EcosystemRender* model) {
     bindDesignHandler();
     bindViewHandler();
     bindNavigationHandler();
+    bindCheckMarks();
 }
 
 void MainWindow::bindFileHandler() {
@@ -133,9 +138,81 @@ void MainWindow::bindDesignHandler() {
 }
 
 void MainWindow::bindViewHandler() {
-    viewHandler = new actionhandling::ViewHandler(this, currentModel);
-    connect(ui.actionShow_ecosystem, &QAction::triggered, viewHandler,
-            &actionhandling::ViewHandler::actionShow_ecosystem);
+    using actionhandling::ViewHandler;
+    using V = ViewHandler;
+    viewHandler = new ViewHandler(this, currentModel);
+    bindActions<V>(
+        viewHandler,
+        {{ui.actionShow_ecosystem, &V::actionShow_ecosystem},
+         {ui.actionShow_frame_rate, &V::actionShow_frame_rate},
+         {ui.actionLighting_enabled, &V::actionLighting_enabled},
+         {ui.actionDisplay_background_sky, &V::actionDisplay_background_sky},
+         {ui.actionRender_wireframe, &V::actionRender_wireframe},
+         {ui.actionDisplay_leaves, &V::actionDisplay_leaves},
+         {ui.actionColour_uppon, &V::actionColour_uppon},
+         {ui.actionHigh_quality_rendering_more_polygons,
+          &V::actionHigh_quality_rendering_more_polygons},
+         {ui.actionDo_not_draw_trees_ecosystem_mode, &V::actionDo_not_draw_trees_ecosystem_mode},
+         {ui.actionDo_not_refresh_display_only_run_simulation_ecosystem_mode,
+          &V::actionDo_not_refresh_display_only_run_simulation_ecosystem_mode},
+         {ui.actionShow_ecologic_neighborhood_ecosystem_mode,
+          &V::actionShow_ecologic_neighborhood_ecosystem_mode},
+         {ui.actionDisplay_terrain_land_markings_S_N_E_W,
+          &V::actionDisplay_terrain_land_markings_S_N_E_W},
+         {ui.actionDisplay_terrain_normals, &V::actionDisplay_terrain_normals},
+         {ui.actionDisplay_terrain_inclination, &V::actionDisplay_terrain_inclination},
+         {ui.actionDisplay_terrain_moisture, &V::actionDisplay_terrain_moisture},
+         {ui.actionDisplay_terrain_sunniness, &V::actionDisplay_terrain_sunniness},
+         {ui.actionDisplay_terrain_windiness, &V::actionDisplay_terrain_windiness},
+         {ui.actionDisplay_sun, &V::actionDisplay_sun}});
+}
+
+// The check marks follow the scene after every change the window hears of: a
+// tree or scene change, a view switch, and every frame drawn (which also
+// catches what the dialogs change). A check action flips its own mark when
+// triggered; these calls settle the marks whose meaning depends on the mode or
+// on the selected tree.
+void MainWindow::bindCheckMarks() {
+    connect(currentModel, &EcosystemRender::modelDataChanged, this,
+            &MainWindow::showStateInCheckMarks);
+    connect(viewHandler, &actionhandling::ViewHandler::forceRepaint, this,
+            &MainWindow::showStateInCheckMarks);
+    showStateInCheckMarks();
+}
+
+// The tree-edit background and wire frame belong to the selected tree in
+// tree-edit mode, the sky box and terrain wire frame to the ecosystem.
+void MainWindow::showStateInCheckMarks() {
+    if (!currentModel)
+        return;
+    const EcosystemRender& s = *currentModel;
+    const arbo::Arbo& tree = *s.getIzbranoArbo();
+    const arbo::Pogled& p = tree.pogled;
+    const bool edit = s.isSingleRender();
+    const std::pair<QAction*, bool> marks[] = {
+        {ui.actionShow_ecosystem, !edit},
+        {ui.actionShow_frame_rate, s.showFPS},
+        {ui.actionLighting_enabled, s.lightingEnabled},
+        {ui.actionDisplay_background_sky, edit ? p.backgroundSky : s.displaySky},
+        {ui.actionRender_wireframe, edit ? p.wireframe : s.wireframe},
+        {ui.actionDisplay_leaves, tree.pdPrepared.listi},
+        {ui.actionColour_uppon, p.colorMonopodial},
+        {ui.actionHigh_quality_rendering_more_polygons, p.highQualityRendering},
+        {ui.actionDo_not_draw_trees_ecosystem_mode, s.doNotDrawTrees},
+        {ui.actionDo_not_refresh_display_only_run_simulation_ecosystem_mode, s.doNotRefreshDisplay},
+        {ui.actionShow_ecologic_neighborhood_ecosystem_mode, s.showNeighborHood},
+        {ui.actionDisplay_terrain_land_markings_S_N_E_W, s.displayLandMarkings},
+        {ui.actionDisplay_terrain_normals, s.displayTerrainNormals},
+        {ui.actionDisplay_terrain_inclination, s.displayTerrainInclination},
+        {ui.actionDisplay_terrain_moisture, s.displayTerrainMoisture},
+        {ui.actionDisplay_terrain_sunniness, s.displayTerrainSunniness},
+        {ui.actionDisplay_terrain_windiness, s.displayTerrainWindiness},
+        {ui.actionDisplay_sun, s.displaySun},
+        {ui.actionGrow_tree, p.animateGrow},
+        {ui.actionSpin_tree, p.animateOrbitAround},
+        {ui.actionSway_tree_in_wind, p.animateWindSway}};
+    for (const auto& [action, on] : marks)
+        action->setChecked(on);
 }
 
 void MainWindow::bindNavigationHandler() {
@@ -193,6 +270,8 @@ void MainWindow::newGlContextInitialized(OglWidget* view) {
             Qt::UniqueConnection);
     connect(navigationHandler, &actionhandling::NavigationHandler::forceRefresh, view,
             &OglWidget::updateGL, Qt::UniqueConnection);
+    connect(view, &OglWidget::frameSwapped, this, &MainWindow::showStateInCheckMarks,
+            Qt::UniqueConnection);
 }
 
 void MainWindow::on_actionAdd_view_triggered() {
@@ -231,6 +310,29 @@ void MainWindow::on_actionEdit_random_generator_seeds_triggered() {
             });
     dialog.setSeeds(currentModel->getRandomGeneratorSeeds());
     dialog.exec();
+}
+
+void MainWindow::bindStatistics() {
+    connect(ui.actionShow_statistics, &QAction::triggered, this,
+            &MainWindow::on_actionShow_statistics_triggered);
+}
+
+// Each use opens a further window over the simulation's statistics; it
+// follows every step and every drawn frame and lives as long as this window.
+void MainWindow::on_actionShow_statistics_triggered() {
+    if (!currentModel)
+        return;
+    if (!currentModel->isSimulationRedyAndRunning()) {
+        arbo::showUserMessage(tr("Error").toStdString(),
+                              tr("First run simulation please.").toStdString());
+        return;
+    }
+    auto* window = new EcosystemStatistics(this, currentModel->getEntitiesStatistics());
+    connect(currentModel, &EcosystemRender::nrPlantsLivingChanged, window,
+            &EcosystemStatistics::nrPlantsLivingChanged);
+    connect(currentModel, &EcosystemRender::nrPlantsRenderedChanged, window,
+            &EcosystemStatistics::nrPlantsLivingChanged);
+    window->show();
 }
 
 void MainWindow::on_actionAbout_triggered() {

@@ -7,6 +7,7 @@
 #include "ecosystem/render/framerate.h"
 #include "ecosystem/render/sky.h"
 #include "ecosystem/render/terrain.h"
+#include "ecosystem/render/terrainmarkings.h"
 #include "ecosystem/simulation/data/terraindata.h"
 #include "ecosystem/simulation/ecosystemsimulation.h"
 
@@ -27,6 +28,7 @@ EcosystemRender::EcosystemRender(QOpenGLContext* context, QOpenGLWidget* widget)
       filenameSky5(":/gui/textures/sky_u.png"), filenameSky6(":/gui/textures/sky_d.png") {
     initModelObjects();
     camera = new Camera(this, terrainData);
+    terrainMarkings = new TerrainMarkings(terrainData);
     sky = new Sky(terrainData->dimen);
     terrain = new Terrain(context, terrainData);
     initAllTextures(widget);
@@ -39,6 +41,9 @@ EcosystemRender::~EcosystemRender() {
             arbo::GlTexture::release(sky->getTextureNames()[i]);
     delete sky;
     delete terrainData;
+    if (terrainMarkings)
+        arbo::GlTexture::release(terrainMarkings->sunTexture);
+    delete terrainMarkings;
     delete ecosystemSimulation;
     for (arbo::Arbo* tree : izglediDrevesnihVrst) {
         arbo::GlTexture::release(tree->pogled.textureNames[0]);
@@ -125,6 +130,12 @@ void EcosystemRender::initAllTextures(QOpenGLWidget* widget) {
     reloadAllTreeTextures();
     sendSkyTexturesToSkyRender();
     initTerrainTextures(widget);
+    initSunTexture();
+}
+
+void EcosystemRender::initSunTexture() {
+    arbo::GlTexture::release(terrainMarkings->sunTexture);
+    terrainMarkings->sunTexture = arbo::GlTexture::bind(TerrainMarkings::sunImage());
 }
 
 void EcosystemRender::initTerrainTextures(QOpenGLWidget* /*widget*/) {
@@ -172,7 +183,23 @@ void EcosystemRender::getSkyTextureFileNames(QString& north, QString& south, QSt
     down = filenameSky6;
 }
 
+// The walk sets the drawing state of each species' model tree for every plant
+// it draws; when the selected tree is one of those models, it gets its own
+// state back, so that the tree-edit view and the check marks keep what the
+// user chose (and a finished animation can end the animation timer).
 int EcosystemRender::renderVisiblePlants() {
+    arbo::Pogled& pogled = izbranoArbo->pogled;
+    const arbo::Pogled kept = pogled;
+    const int visible = drawVisiblePlants();
+    pogled.wireframe = kept.wireframe;
+    pogled.animateGrow = kept.animateGrow;
+    pogled.orbit = kept.orbit;
+    pogled.starostDrevesa = kept.starostDrevesa;
+    pogled.lowQuality = kept.lowQuality;
+    return visible;
+}
+
+int EcosystemRender::drawVisiblePlants() {
     std::vector<int> counts;
     const int visible = visiblePlants.render(
         ecosystemSimulation->rastlinskeVrste, izglediDrevesnihVrst, *izbranoArbo, *camera,
@@ -218,7 +245,28 @@ void EcosystemRender::renderEcosystem() {
     // A newly loaded DEM is taken up here.
     if (!terrainData->isDataReady())
         terrainData->buildTerrainData();
+    renderOverlays();
     renderVisiblePlants();
+}
+
+// The overlays switched on, after the terrain and before the plants.
+void EcosystemRender::renderOverlays() {
+    if (displayTerrainNormals) {
+        glColor3f(1, 0, 0);
+        terrainMarkings->renderNormals();
+    }
+    if (displayTerrainInclination)
+        terrainMarkings->renderInclination();
+    if (displayTerrainMoisture)
+        terrainMarkings->renderMoisture();
+    if (displayTerrainSunniness)
+        terrainMarkings->renderSunniness();
+    if (displayTerrainWindiness)
+        terrainMarkings->renderWindiness();
+    if (displayLandMarkings)
+        terrainMarkings->renderLandMarkings();
+    if (displaySun)
+        terrainMarkings->renderSun();
 }
 
 void EcosystemRender::setLightPosition() {

@@ -31,6 +31,7 @@ namespace ecosystem::render {
 class Camera;
 class Sky;
 class Terrain;
+class TerrainMarkings;
 
 // The scene: owns everything that is drawn or simulated, holds every display
 // switch, draws one frame on request and runs one simulation step on request.
@@ -67,6 +68,7 @@ public:
     bool displayLandMarkings = false;
     Camera* camera = nullptr;
     Terrain* terrain = nullptr;
+    TerrainMarkings* terrainMarkings = nullptr;
     Sky* sky = nullptr;
     data::CTerrainData* terrainData = nullptr;
     CEcosystemSimulation* ecosystemSimulation = nullptr;
@@ -157,6 +159,9 @@ private:
     void countFrame();
     void setLightPosition();
     void renderEcosystem();
+    void renderOverlays();
+    int drawVisiblePlants();
+    void initSunTexture();
     void initTerrainTextures(QOpenGLWidget* widget);
 
     VisiblePlantsRender visiblePlants;
