@@ -10,8 +10,8 @@
 // and a run then takes the better part of an hour; a smaller area makes the
 // run shorter and the window's share of it larger, a harder test.
 // Run from the repository root under Xvfb:
-//   xvfb-run -a -s "-screen 0 1280x1024x24" build/tests/bench_statistics \
-//       [runs [steps [first last]]]
+//   xvfb-run -a -s "-screen 0 1280x1024x24" build/tests/bench_statistics
+//       [runs [steps [first last]]]   (arguments on the same line)
 
 #include "ecosystem/render/ecosystemrender.h"
 #include "ecosystem/simulation/ecosystemsimulation.h"
