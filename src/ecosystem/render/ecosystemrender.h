@@ -145,6 +145,10 @@ public slots:
 public:
     // Pixels whose red, green and blue all exceed 200 become transparent white.
     static void makeTransparent(QImage& image);
+    // The tree's bark and leaf images as its textures show them (transparent
+    // where bright); says "Could not open bark texture file." and returns false
+    // when either cannot be read.
+    static bool loadTreeTextureImages(const arbo::Arbo& tree, QImage& bark, QImage& leaf);
 
 private:
     void initModelObjects();
@@ -154,6 +158,7 @@ private:
     void setLightPosition();
     void renderEcosystem();
     void initTerrainTextures(QOpenGLWidget* widget);
+    void bindTreeTextures(const QImage& bark, const QImage& leaf);
 
     VisiblePlantsRender visiblePlants;
 };
