@@ -259,18 +259,6 @@ private slots:
         }
         // Rows whose handlers are still being written; this list only shrinks.
         QStringList notYetBound = {
-            "actionLoad_parameters",
-            "actionSave_parameters",
-            "actionImport_tree_2_x_parameters",
-            "actionExport_current_tree_geometry_as_vertices",
-            "actionExport_current_tree_as_OBJ",
-            "actionExport_current_tree_as_Latex_formulas",
-            "actionLoad_DEM_terrain_model",
-            "actionSet_sky_textures",
-            "actionExport_window_image",
-            "actionExport_custom_resolution_image",
-            "actionLoad_bark_texture",
-            "actionLoadleaf_texture",
             "actionDesign_strand_distribution",
             "actionDesign_branching_angles",
             "actionDesign_branch_absolute_minimal_length",
