@@ -147,9 +147,9 @@ public:
         const char* name;
         const char* text;
         const char* shortcut;
-        const char* icon;
-        bool checkable;
-        bool checked;
+        const char* icon = nullptr;
+        bool checkable = false;
+        bool checked = false;
     };
 
     static const std::vector<ActionRow>& actionRows() {
