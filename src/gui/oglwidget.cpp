@@ -11,6 +11,7 @@
 #include <QOpenGLFunctions>
 
 #include <algorithm>
+#include <memory>
 #include <vector>
 
 #include <GL/gl.h>
@@ -211,16 +212,17 @@ QImage OglWidget::renderPixmap(int width, int height, int maxTile,
     const int columns = (width + tileW - 1) / tileW, rows = (height + tileH - 1) / tileH;
     // Tiles of equal size as far as the image allows.
     const int w = (width + columns - 1) / columns, h = (height + rows - 1) / rows;
-    QOpenGLFramebufferObject fbo(w, h, QOpenGLFramebufferObject::CombinedDepthStencil);
+    auto fbo = std::make_unique<QOpenGLFramebufferObject>(
+        w, h, QOpenGLFramebufferObject::CombinedDepthStencil);
     const std::vector<arbo::Arbo*>& trees = currentModel->izglediDrevesnihVrst;
     const TreeStates atStart(trees);
-    bool done = fbo.isValid();
+    bool done = fbo->isValid();
     for (int r = 0; done && r < rows; ++r)
         for (int c = 0; done && c < columns; ++c) {
             // Image rows run top-down, GL's bottom-up.
             const QRect tile(c * w, r * h, std::min(w, width - c * w), std::min(h, height - r * h));
             makeCurrent();
-            fbo.bind();
+            fbo->bind();
             const TreeStates now(trees);
             atStart.restore(trees);
             renderTile(tile, image.size());
@@ -234,6 +236,10 @@ QImage OglWidget::renderPixmap(int width, int height, int maxTile,
             if (progress && !progress(r * columns + c + 1, rows * columns))
                 done = false;
         }
+    // Released in its own context, not whenever the context is next current.
+    makeCurrent();
+    fbo.reset();
+    doneCurrent();
     if (!done)
         return {};
     finishReadBack(image);
