@@ -717,6 +717,10 @@
         <source>Cancel</source>
         <translation>Prekliči</translation>
     </message>
+    <message>
+        <source>PNG compression: 0 gives the smallest file and takes longest, 99 the largest file and is fastest.</source>
+        <translation>Stiskanje PNG: 0 da najmanjšo datoteko in traja najdlje, 99 največjo datoteko in je najhitrejše.</translation>
+    </message>
 </context>
 <context>
     <name>gui::PlantArea</name>

@@ -30,6 +30,9 @@ PixmapExportDialog::PixmapExportDialog(QWidget* parent) : QDialog(parent) {
     sliderQuality->setRange(0, 99);
     sliderQuality->setValue(0);
     sliderQuality->setMinimumWidth(200);
+    // Compressing a large image hardest takes minutes; the user should know.
+    sliderQuality->setToolTip(tr("PNG compression: 0 gives the smallest file and takes longest, "
+                                 "99 the largest file and is fastest."));
     form->addRow(tr("Pixmap width:"), sbWidth);
     form->addRow(tr("Pixmap height:"), sbHeight);
     form->addRow(tr("Quality:"), sliderQuality);
