@@ -1,6 +1,5 @@
 #include "arbo/arbo.h"
 #include "arbo/latexexport.h"
-#include "ecosystem/render/camera.h"
 #include "ecosystem/render/ecosystemrender.h"
 #include "ecosystem/simulation/ecosystemsimulation.h"
 #include "gui/actionhandling/filehandler.h"
@@ -10,12 +9,12 @@
 #include "gui/glformat.h"
 #include "gui/mainwindow.h"
 #include "gui/oglwidget.h"
+#include "support/dialogscript.h"
 #include "support/imagecompare.h"
 #include "support/mainwindowfixture.h"
 #include "support/messagecatcher.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -25,54 +24,11 @@
 #include <QTranslator>
 #include <QtTest>
 
-#include <functional>
-
 using gui::MainWindow;
 using gui::actionhandling::FileHandler;
 using gui::actionhandling::TimeKeeper;
 
 namespace {
-
-// Answers the modal dialogs that open one after another, in order: each step
-// waits for a modal dialog of its kind and acts on it.
-class DialogScript : public QObject {
-public:
-    template <class Dialog> DialogScript& then(std::function<void(Dialog*)> act) {
-        steps << [act](QWidget* w) {
-            auto* d = qobject_cast<Dialog*>(w);
-            if (!d || !d->isVisible())
-                return false;
-            act(d);
-            return true;
-        };
-        return *this;
-    }
-    // A file dialog: the file chosen (a name in the working folder), or cancelled.
-    DialogScript& file(const QString& name) {
-        return then<QFileDialog>([name](QFileDialog* d) {
-            if (name.isEmpty()) {
-                d->reject();
-                return;
-            }
-            d->selectFile(QDir::current().absoluteFilePath(name));
-            static_cast<QDialog*>(d)->accept(); // the file dialog's own, protected there
-        });
-    }
-    bool done() const { return steps.isEmpty(); }
-
-    DialogScript() {
-        connect(&timer, &QTimer::timeout, this, [this] {
-            QWidget* w = QApplication::activeModalWidget();
-            if (w && !steps.isEmpty() && steps.first()(w))
-                steps.removeFirst();
-        });
-        timer.start(5);
-    }
-
-private:
-    QList<std::function<bool(QWidget*)>> steps;
-    QTimer timer;
-};
 
 QByteArray head(const QString& name, int n) {
     QFile f(name);
