@@ -658,6 +658,148 @@
     </message>
 </context>
 <context>
+    <name>gui::AdvancedTreeProperties</name>
+    <message>
+        <source>Advanced tree properties</source>
+        <translation>Napredne lastnosti drevesa</translation>
+    </message>
+    <message>
+        <source>Tree age (number of strands):</source>
+        <translation>Starost drevesa (število žil):</translation>
+    </message>
+    <message>
+        <source>Trunk height:</source>
+        <translation>Višina debla:</translation>
+    </message>
+    <message>
+        <source>Branch relative thickness per strand:</source>
+        <translation>Relativna debelina veje na žilo:</translation>
+    </message>
+    <message>
+        <source>Gravicentralism (central trunk uprightness):</source>
+        <translation>Gravicentralizem (pokončnost osrednjega debla):</translation>
+    </message>
+    <message>
+        <source>Phyllotaxis angle (branch rotation along the trunk) :</source>
+        <translation>Kot filotaksije (zasuk vej vzdolž debla) :</translation>
+    </message>
+    <message>
+        <source>Spiral</source>
+        <translation>Spiralno</translation>
+    </message>
+    <message>
+        <source>Stacked</source>
+        <translation>Naloženo</translation>
+    </message>
+    <message>
+        <source>Staggered</source>
+        <translation>Izmenično</translation>
+    </message>
+    <message>
+        <source>Bunched</source>
+        <translation>V šopu</translation>
+    </message>
+    <message>
+        <source>Coniferous</source>
+        <translation>Iglasto</translation>
+    </message>
+    <message>
+        <source>Leaf type:</source>
+        <translation>Vrsta listov:</translation>
+    </message>
+    <message>
+        <source>Leaf density:</source>
+        <translation>Gostota listov:</translation>
+    </message>
+    <message>
+        <source>Leaf size:</source>
+        <translation>Velikost listov:</translation>
+    </message>
+    <message>
+        <source>Wind gust speed:</source>
+        <translation>Hitrost sunkov vetra:</translation>
+    </message>
+    <message>
+        <source>Wind nonuniform speed:</source>
+        <translation>Hitrost neenakomernega vetra:</translation>
+    </message>
+    <message>
+        <source>auto-proof</source>
+        <translation>sprotni prikaz</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Uveljavi</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>V redu</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Prekliči</translation>
+    </message>
+</context>
+<context>
+    <name>gui::DistributionDesigner</name>
+    <message>
+        <source>Distribution designer</source>
+        <translation>Oblikovalnik porazdelitve</translation>
+    </message>
+    <message>
+        <source>Gravelius order distribution:</source>
+        <translation>Porazdelitev po Graveliusovem redu:</translation>
+    </message>
+    <message>
+        <source>Weibull order distribution:</source>
+        <translation>Porazdelitev po Weibullovem redu:</translation>
+    </message>
+    <message>
+        <source>Left click to add and move to modify a point or right click to remove.</source>
+        <translation>Levi klik doda točko, premik miške jo spremeni, desni klik jo odstrani.</translation>
+    </message>
+    <message>
+        <source>Selected level:</source>
+        <translation>Izbrana raven:</translation>
+    </message>
+    <message>
+        <source>no hover</source>
+        <translation>ni izbire</translation>
+    </message>
+    <message>
+        <source>color levels</source>
+        <translation>obarvaj ravni</translation>
+    </message>
+    <message>
+        <source>auto proof</source>
+        <translation>sprotni prikaz</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>V redu</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Prekliči</translation>
+    </message>
+    <message>
+        <source>G=%1-%2</source>
+        <translation>G=%1-%2</translation>
+    </message>
+    <message>
+        <source>W=%1-%2</source>
+        <translation>W=%1-%2</translation>
+    </message>
+    <message>
+        <source>G=%1</source>
+        <translation>G=%1</translation>
+    </message>
+    <message>
+        <source>W=%1</source>
+        <translation>W=%1</translation>
+    </message>
+</context>
+<context>
     <name>gui::Help</name>
     <message>
         <source>&lt;h3&gt;The tree model&lt;/h3&gt;&lt;p&gt;A tree is grown from its trunk base upwards, segment by segment. Two orders locate every segment: the &lt;b&gt;Gravelius order&lt;/b&gt; g is the branching order (0 for the trunk, one more each time growth passes into a side branch); the &lt;b&gt;Weibull order&lt;/b&gt; w is the depth, the number of segments from the root along the path. Every distribution is drawn as a pair of curves, one over g and one over w; the tree reads their product.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Strand distribution.&lt;/b&gt; The trunk is a bundle of strands (their number is the tree&apos;s age and sets its thickness). At every branching the strands are shared between the main branch and the side branch; the curve gives the share that stays in the main branch. A segment with few strands is thin; a branch with one strand ends and carries leaves.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Branching angles.&lt;/b&gt; The angle in degrees between the two branches of a split. Small angles give slim, upright crowns; large angles open the crown.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Branch lengths.&lt;/b&gt; The minimal and maximal relative branch length and the branch length scaling decide how long each segment grows.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Gravimorphism.&lt;/b&gt; How strongly, and in which direction (-180 to 180 degrees), branches of each order and depth turn towards or away from the ground: positive values lift them, negative values make them hang like a willow&apos;s. Gravicentralism keeps the central trunk upright.&lt;/p&gt;</source>
@@ -886,6 +1028,33 @@
     <message>
         <source>OK</source>
         <translation>V redu</translation>
+    </message>
+</context>
+<context>
+    <name>gui::actionhandling::DesignHandler</name>
+    <message>
+        <source> for strand distribution</source>
+        <translation> za porazdelitev žil</translation>
+    </message>
+    <message>
+        <source> for branching angles distribution</source>
+        <translation> za porazdelitev kotov razvejitve</translation>
+    </message>
+    <message>
+        <source> for minimal absolute branch lengths distribution</source>
+        <translation> za porazdelitev najmanjših absolutnih dolžin vej</translation>
+    </message>
+    <message>
+        <source> for maximal absolute branch lengths distribution</source>
+        <translation> za porazdelitev največjih absolutnih dolžin vej</translation>
+    </message>
+    <message>
+        <source> for branch lengths scaling distribution</source>
+        <translation> za porazdelitev skaliranja dolžin vej</translation>
+    </message>
+    <message>
+        <source> for gravimorphism impact distribution</source>
+        <translation> za porazdelitev vpliva gravimorfizma</translation>
     </message>
 </context>
 <context>

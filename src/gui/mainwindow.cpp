@@ -2,6 +2,7 @@
 
 #include "ecosystem/render/ecosystemrender.h"
 #include "gui/about.h"
+#include "gui/actionhandling/designhandler.h"
 #include "gui/actionhandling/filehandler.h"
 #include "gui/actionhandling/navigationhandler.h"
 #include "gui/actionhandling/timekeeper.h"
@@ -65,6 +66,7 @@ void MainWindow::bindNewModel(EcosystemRender* model) {
     bindFileHandler();
     bindTimeKeeper();
     bindSceneActions();
+    bindDesignHandler();
     bindViewHandler();
     bindNavigationHandler();
 }
@@ -137,6 +139,26 @@ void MainWindow::bindSceneActions() {
                                    &S::actionRender_more_often_skip_less_frames}});
 }
 
+void MainWindow::bindDesignHandler() {
+    using actionhandling::DesignHandler;
+    using D = DesignHandler;
+    designHandler = new DesignHandler(this, this, currentModel);
+    designHandler->dialogActions = {ui.actionUndo_design_edit, ui.actionRedo_design_edit};
+    bindActions<D>(designHandler,
+                   {{ui.actionDesign_strand_distribution, &D::actionDesign_strand_distribution},
+                    {ui.actionDesign_branching_angles, &D::actionDesign_branching_angles},
+                    {ui.actionDesign_branch_absolute_minimal_length,
+                     &D::actionDesign_branch_absolute_minimal_length},
+                    {ui.actionDesign_branch_absolute_maximal_length,
+                     &D::actionDesign_branch_absolute_maximal_length},
+                    {ui.actionDesign_branch_lenght_scaling, &D::actionDesign_branch_lenght_scaling},
+                    {ui.actionDesign_gravimorphism_impact_distribution,
+                     &D::actionDesign_gravimorphism_impact_distribution},
+                    {ui.actionAdvanced_tree_properties, &D::actionAdvanced_tree_properties},
+                    {ui.actionUndo_design_edit, &D::actionUndo_design_edit},
+                    {ui.actionRedo_design_edit, &D::actionRedo_design_edit}});
+}
+
 void MainWindow::bindViewHandler() {
     viewHandler = new actionhandling::ViewHandler(this, currentModel);
     connect(ui.actionShow_ecosystem, &QAction::triggered, viewHandler,
@@ -191,6 +213,8 @@ void MainWindow::bindNavigationHandler() {
 
 void MainWindow::newGlContextInitialized(OglWidget* view) {
     connect(timeKeeper, &actionhandling::TimeKeeper::updateOnlyGL, view, &OglWidget::updateGL,
+            Qt::UniqueConnection);
+    connect(designHandler, &actionhandling::DesignHandler::forceRepaint, view, &OglWidget::updateGL,
             Qt::UniqueConnection);
     connect(viewHandler, &actionhandling::ViewHandler::forceRepaint, view, &OglWidget::updateGL,
             Qt::UniqueConnection);

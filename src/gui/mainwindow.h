@@ -61,6 +61,7 @@ private:
     void bindFileHandler();
     void bindTimeKeeper();
     void bindSceneActions();
+    void bindDesignHandler();
     void bindViewHandler();
     void bindNavigationHandler();
 };

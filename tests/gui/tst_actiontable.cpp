@@ -259,15 +259,6 @@ private slots:
         }
         // Rows whose handlers are still being written; this list only shrinks.
         QStringList notYetBound = {
-            "actionDesign_strand_distribution",
-            "actionDesign_branching_angles",
-            "actionDesign_branch_absolute_minimal_length",
-            "actionDesign_branch_absolute_maximal_length",
-            "actionDesign_branch_lenght_scaling",
-            "actionDesign_gravimorphism_impact_distribution",
-            "actionAdvanced_tree_properties",
-            "actionUndo_design_edit",
-            "actionRedo_design_edit",
             "actionShow_frame_rate",
             "actionLighting_enabled",
             "actionDisplay_background_sky",

@@ -115,6 +115,13 @@ bool EcosystemRender::loadTreeTextureImages(const arbo::Arbo& tree, QImage& bark
     return true;
 }
 
+bool EcosystemRender::loadSelectedTreeParameters(const std::string& fileName) {
+    if (!izbranoArbo->pdPrepared.loadParameters(fileName))
+        return false;
+    emit selectedTreeReplaced();
+    return true;
+}
+
 // Needs a current GL context. The views repaint either way: the tree's
 // parameters may have changed with its texture names.
 void EcosystemRender::reloadCurrentTreeTextures() {
@@ -289,6 +296,7 @@ void EcosystemRender::toggleSingleRender() {
     izbranoArbo->pogled.animateGrow = false;
     izbranoArbo->pogled.wireframe = false;
     izbranoArbo->pogled.orbit = 0;
+    emit selectedTreeReplaced();
 }
 
 void EcosystemRender::selectNextTreeSpecies() {
@@ -300,6 +308,7 @@ void EcosystemRender::selectNextTreeSpecies() {
     selectTree((indexIzbranegaDrevesa + 1) % int(izglediDrevesnihVrst.size()));
     izbranoArbo->pogled.animateOrbitAround = orbit;
     izbranoArbo->pogled.animateWindSway = sway;
+    emit selectedTreeReplaced();
     emit modelDataChanged();
 }
 

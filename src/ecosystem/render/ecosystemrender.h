@@ -97,6 +97,10 @@ signals:
     void stopTreeAnimation();
     void nrPlantsLivingChanged();
     void nrPlantsRenderedChanged();
+    // The selected tree was switched, its parameters were replaced as a whole
+    // (a parameter file loaded into it) or the tree-edit mode was entered or
+    // left: whatever edits the selected tree takes it up again (or closes).
+    void selectedTreeReplaced();
 
 public slots:
     void render();
@@ -149,6 +153,10 @@ public:
     // where bright); says "Could not open bark texture file." and returns false
     // when either cannot be read.
     static bool loadTreeTextureImages(const arbo::Arbo& tree, QImage& bark, QImage& leaf);
+    // A parameter file into the selected tree's parameters; false (and the
+    // tree as it was) when the file is missing or rejected. Whatever edits the
+    // tree takes the new set up (selectedTreeReplaced).
+    bool loadSelectedTreeParameters(const std::string& fileName);
 
 private:
     void initModelObjects();

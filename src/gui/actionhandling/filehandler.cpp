@@ -98,7 +98,7 @@ void FileHandler::actionLoad_parameters() {
         askOpen(tr("Choose a file to open"), tr("Tree version 3.x parameters (*.tree.xml)"));
     if (name.isEmpty())
         return;
-    if (!model->getIzbranoArbo()->pdPrepared.loadParameters(local(name))) {
+    if (!model->loadSelectedTreeParameters(local(name))) {
         error(tr("Could not open file."));
         return;
     }

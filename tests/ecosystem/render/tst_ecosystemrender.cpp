@@ -118,6 +118,22 @@ private slots:
         QCOMPARE(image.pixel(3, 0), qRgba(30, 120, 40, 255));
     }
 
+    // Every texture the species collection names is compiled into the scene.
+    void collectionTexturesLoad() {
+        arbo::Arbo* tree = scene->getIzbranoArbo();
+        const arbo::ParametriDrevesa old = tree->pdPrepared;
+        for (const char* name : {"grm5", "Vrba Zalujka (Salix Babylonica)", "javorVelikZgorajGost",
+                                 "smrekaMini", "manjseDefault100_vecjiListi"}) {
+            QVERIFY(tree->pdPrepared.loadParameters(std::string(VIRELA_SOURCE_DIR) +
+                                                    "/bin/zbirka-4/" + name + ".tree.xml"));
+            catcher.messages.clear();
+            scene->reloadCurrentTreeTextures();
+            QVERIFY2(catcher.messages.empty(), name);
+        }
+        tree->pdPrepared = old;
+        scene->reloadCurrentTreeTextures();
+    }
+
     void missingTextureKeepsTheOldOnesAndSaysSo() {
         arbo::Arbo* tree = scene->getIzbranoArbo();
         const GLuint bark = tree->pogled.textureNames[0];

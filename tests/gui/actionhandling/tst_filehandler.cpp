@@ -122,9 +122,11 @@ private slots:
 
         tree()->pdPrepared = arbo::ParametriDrevesa();
         QSignalSpy repaint(scene(), &ecosystem::render::EcosystemRender::modelDataChanged);
+        QSignalSpy replaced(scene(), &ecosystem::render::EcosystemRender::selectedTreeReplaced);
         DialogScript load;
         QVERIFY(run(w->ui.actionLoad_parameters, load.file("a.tree.xml")));
         QVERIFY(repaint.count() > 0);
+        QCOMPARE(replaced.count(), 1); // open designers take the loaded curves up
         QVERIFY(tree()->pdPrepared.saveParameters("b.tree.xml"));
         QCOMPARE(head("b.tree.xml", 100000), saved);
 
@@ -135,6 +137,7 @@ private slots:
         DialogScript rejected;
         QVERIFY(run(w->ui.actionLoad_parameters, rejected.file("bad.tree.xml")));
         QCOMPARE(catcher->lines(), std::vector<std::string>{"Error: Could not open file."});
+        QCOMPARE(replaced.count(), 1);
         QVERIFY(tree()->pdPrepared.saveParameters("c.tree.xml"));
         QCOMPARE(head("c.tree.xml", 100000), saved);
 
