@@ -70,7 +70,7 @@ int main(int argc, char** argv) {
     w.ui.actionDesign_strand_distribution->trigger();
     gui::DistributionDesigner* d = w.designHandler->designers.last();
     d->move(w.geometry().right() - d->width(), w.geometry().top());
-    QTest::qWaitForWindowExposed(d);
+    (void)QTest::qWaitForWindowExposed(d);
     gui::WidgetGraph* graph = d->graphG;
 
     bool swapped = false;
@@ -123,7 +123,7 @@ int main(int argc, char** argv) {
         mouseOver(graph, QPoint(graph->width() / 10, 20)); // the first branches
         QTest::qWait(300);
         w.ui.actionAdvanced_tree_properties->trigger();
-        QTest::qWaitForWindowExposed(w.designHandler->advancedTreeProperties);
+        (void)QTest::qWaitForWindowExposed(w.designHandler->advancedTreeProperties);
         QTest::qWait(300);
         w.grab().save(imageDir + "/window.png");
         d->grab().save(imageDir + "/designer.png");
