@@ -79,6 +79,97 @@
     </message>
 </context>
 <context>
+    <name>LatexExport</name>
+    <message>
+        <source>To model the tree we have chosen following scalar parameters: </source>
+        <translation>Drevo smo modelirali z naslednjimi skalarnimi parametri: </translation>
+    </message>
+    <message>
+        <source> and </source>
+        <translation> in </translation>
+    </message>
+    <message>
+        <source>Branch distribution</source>
+        <translation>Porazdelitev žil</translation>
+    </message>
+    <message>
+        <source>is determined for all orders</source>
+        <translation>določimo za vse rede</translation>
+    </message>
+    <message>
+        <source>where</source>
+        <translation>kjer sta</translation>
+    </message>
+    <message>
+        <source>are nonnegative whole numbers),</source>
+        <translation>nenegativni celi števili),</translation>
+    </message>
+    <message>
+        <source>with equation \ref{eqn:porazdelitevZilGW}. Values</source>
+        <translation>z enačbo \ref{eqn:porazdelitevZilGW}. Vrednosti</translation>
+    </message>
+    <message>
+        <source>are calculated from both graphs, that are given with polylines</source>
+        <translation>izračunamo iz obeh grafov, podanih z lomljenkama</translation>
+    </message>
+    <message>
+        <source>Branching angle between dividing subbranches,</source>
+        <translation>Kot razvejitve med podvejama,</translation>
+    </message>
+    <message>
+        <source>, is determined for all orders</source>
+        <translation>, določimo za vse rede</translation>
+    </message>
+    <message>
+        <source>using equation \ref{eqn:kotVejitveGW}. Needed parameters</source>
+        <translation>z enačbo \ref{eqn:kotVejitveGW}. Potrebna parametra</translation>
+    </message>
+    <message>
+        <source>in mentioned equation</source>
+        <translation>v omenjeni enačbi</translation>
+    </message>
+    <message>
+        <source>are defined using two graphs,</source>
+        <translation>določimo z dvema grafoma,</translation>
+    </message>
+    <message>
+        <source>given as polylines</source>
+        <translation>podanima kot lomljenki</translation>
+    </message>
+    <message>
+        <source>Minimum relative branch length,</source>
+        <translation>Najmanjšo relativno dolžino veje,</translation>
+    </message>
+    <message>
+        <source> using equation \ref{eqn:minCharacteristicLengthGW}, substituting</source>
+        <translation> z enačbo \ref{eqn:minCharacteristicLengthGW}, kjer vstavimo</translation>
+    </message>
+    <message>
+        <source>Maximum relative branch length,</source>
+        <translation>Največjo relativno dolžino veje,</translation>
+    </message>
+    <message>
+        <source>using equation \ref{eqn:maxCharacteristicLengthGW}, substituting</source>
+        <translation>z enačbo \ref{eqn:maxCharacteristicLengthGW}, kjer vstavimo</translation>
+    </message>
+    <message>
+        <source>Branch length scaling factor,</source>
+        <translation>Faktor skaliranja dolžine veje,</translation>
+    </message>
+    <message>
+        <source>using equation \ref{eqn:lengthScalingGW}, substituting</source>
+        <translation>z enačbo \ref{eqn:lengthScalingGW}, kjer vstavimo</translation>
+    </message>
+    <message>
+        <source>Gravimorphism impact,</source>
+        <translation>Vpliv gravimorfizma,</translation>
+    </message>
+    <message>
+        <source>using equation \ref{eqn:gravimorphismGW}, substituting</source>
+        <translation>z enačbo \ref{eqn:gravimorphismGW}, kjer vstavimo</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Bosket</source>
@@ -581,6 +672,13 @@
     </message>
 </context>
 <context>
+    <name>ObjExport</name>
+    <message>
+        <source>Could not write %1.</source>
+        <translation>Datoteke %1 ni bilo mogoče zapisati.</translation>
+    </message>
+</context>
+<context>
     <name>ecosystem::CEcosystemSimulation</name>
     <message>
         <source>Could not save simulation file.</source>
@@ -841,6 +939,37 @@
     </message>
 </context>
 <context>
+    <name>gui::PixmapExportDialog</name>
+    <message>
+        <source>Export pixmap</source>
+        <translation>Izvoz slike</translation>
+    </message>
+    <message>
+        <source>PNG compression: 0 gives the smallest file and takes longest, 99 the largest file and is fastest.</source>
+        <translation>Stiskanje PNG: 0 da najmanjšo datoteko in traja najdlje, 99 največjo datoteko in je najhitrejše.</translation>
+    </message>
+    <message>
+        <source>Pixmap width:</source>
+        <translation>Širina slike:</translation>
+    </message>
+    <message>
+        <source>Pixmap height:</source>
+        <translation>Višina slike:</translation>
+    </message>
+    <message>
+        <source>Quality:</source>
+        <translation>Kakovost:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>V redu</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Prekliči</translation>
+    </message>
+</context>
+<context>
     <name>gui::PlantArea</name>
     <message>
         <source>Plant area setup</source>
@@ -941,6 +1070,65 @@
     </message>
 </context>
 <context>
+    <name>gui::SkyTextures</name>
+    <message>
+        <source>Sky textures</source>
+        <translation>Teksture neba</translation>
+    </message>
+    <message>
+        <source>North texture:</source>
+        <translation>Severna tekstura:</translation>
+    </message>
+    <message>
+        <source>South texture:</source>
+        <translation>Južna tekstura:</translation>
+    </message>
+    <message>
+        <source>East texture:</source>
+        <translation>Vzhodna tekstura:</translation>
+    </message>
+    <message>
+        <source>West texture:</source>
+        <translation>Zahodna tekstura:</translation>
+    </message>
+    <message>
+        <source>Upper texture:</source>
+        <translation>Zgornja tekstura:</translation>
+    </message>
+    <message>
+        <source>Lower texture:</source>
+        <translation>Spodnja tekstura:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>V redu</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Prekliči</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>Choose a file to open</source>
+        <translation>Izberite datoteko</translation>
+    </message>
+    <message>
+        <source>Images (*.png *.xpm *.jpg *.bmp)</source>
+        <translation>Slike (*.png *.xpm *.jpg *.bmp)</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Napaka</translation>
+    </message>
+    <message>
+        <source>Could not open sky texture file %1.</source>
+        <translation>Datoteke s teksturo neba %1 ni bilo mogoče odpreti.</translation>
+    </message>
+</context>
+<context>
     <name>gui::TextDialog</name>
     <message>
         <source>OK</source>
@@ -995,6 +1183,94 @@
     <message>
         <source>Choose a filename to save under</source>
         <translation>Izberite ime datoteke za shranjevanje</translation>
+    </message>
+    <message>
+        <source>Images (*.png *.xpm *.jpg *.bmp)</source>
+        <translation>Slike (*.png *.xpm *.jpg *.bmp)</translation>
+    </message>
+    <message>
+        <source>Could not write the image file %1.</source>
+        <translation>Slike ni bilo mogoče zapisati v datoteko %1.</translation>
+    </message>
+    <message>
+        <source>Choose a file to open</source>
+        <translation>Izberite datoteko</translation>
+    </message>
+    <message>
+        <source>Tree version 3.x parameters (*.tree.xml)</source>
+        <translation>Parametri drevesa različice 3.x (*.tree.xml)</translation>
+    </message>
+    <message>
+        <source>Could not open file.</source>
+        <translation>Datoteke ni bilo mogoče odpreti.</translation>
+    </message>
+    <message>
+        <source>Choose a file to import</source>
+        <translation>Izberite datoteko za uvoz</translation>
+    </message>
+    <message>
+        <source>Tree version 2.x parameters (*.tree)</source>
+        <translation>Parametri drevesa različice 2.x (*.tree)</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Obvestilo</translation>
+    </message>
+    <message>
+        <source>Not yet implemented.</source>
+        <translation>Še ni izdelano.</translation>
+    </message>
+    <message>
+        <source>Choose a filename to export under</source>
+        <translation>Izberite ime datoteke za izvoz</translation>
+    </message>
+    <message>
+        <source>Tree geometry vertices (*.crs)</source>
+        <translation>Oglišča geometrije drevesa (*.crs)</translation>
+    </message>
+    <message>
+        <source>Wavefront OBJ (*.obj)</source>
+        <translation>Wavefront OBJ (*.obj)</translation>
+    </message>
+    <message>
+        <source>Latex files (*.tex)</source>
+        <translation>Datoteke LaTeX (*.tex)</translation>
+    </message>
+    <message>
+        <source>Could not save file.</source>
+        <translation>Datoteke ni bilo mogoče shraniti.</translation>
+    </message>
+    <message>
+        <source>DEM model (*.dmr)</source>
+        <translation>Model DMR (*.dmr)</translation>
+    </message>
+    <message>
+        <source>Could not open bark texture file.</source>
+        <translation>Datoteke s teksturo lubja ni bilo mogoče odpreti.</translation>
+    </message>
+    <message>
+        <source>The file name is too long to be kept with the tree&apos;s parameters (at most 254 characters).</source>
+        <translation>Ime datoteke je predolgo, da bi ga shranili s parametri drevesa (največ 254 znakov).</translation>
+    </message>
+    <message>
+        <source>Rendering the image...</source>
+        <translation>Izrisujem sliko ...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Prekliči</translation>
+    </message>
+    <message>
+        <source>Export pixmap</source>
+        <translation>Izvoz slike</translation>
+    </message>
+    <message>
+        <source>Could not make an image of %1 x %2 pixels: not enough memory.</source>
+        <translation>Slike velikosti %1 x %2 točk ni bilo mogoče narediti: premalo pomnilnika.</translation>
+    </message>
+    <message>
+        <source>Saving the image...</source>
+        <translation>Shranjujem sliko ...</translation>
     </message>
 </context>
 </TS>

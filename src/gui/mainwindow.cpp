@@ -82,9 +82,30 @@ void MainWindow::bindFileHandler() {
     connect(fileHandler, &FileHandler::reloadCurrentTreeTextures, currentModel,
             &EcosystemRender::reloadCurrentTreeTextures);
     using F = FileHandler;
-    bindActions<F>(fileHandler, {{ui.actionLoad_simulation, &F::actionLoad_simulation},
-                                 {ui.actionSave_simulation, &F::actionSave_simulation},
-                                 {ui.actionAutosave_simulation, &F::actionAutosave_simulation}});
+    bindActions<F>(
+        fileHandler,
+        {{ui.actionLoad_parameters, &F::actionLoad_parameters},
+         {ui.actionSave_parameters, &F::actionSave_parameters},
+         {ui.actionImport_tree_2_x_parameters, &F::actionImport_tree_2_x_parameters},
+         {ui.actionExport_current_tree_geometry_as_vertices,
+          &F::actionExport_current_tree_geometry_as_vertices},
+         {ui.actionExport_current_tree_as_OBJ, &F::actionExport_current_tree_as_OBJ},
+         {ui.actionExport_current_tree_as_Latex_formulas,
+          &F::actionExport_current_tree_as_Latex_formulas},
+         {ui.actionLoad_DEM_terrain_model, &F::actionLoad_DEM_terrain_model},
+         {ui.actionSet_sky_textures, &F::actionSet_sky_textures},
+         {ui.actionExport_window_image, &F::actionExport_window_image},
+         {ui.actionExport_custom_resolution_image, &F::actionExport_custom_resolution_image},
+         {ui.actionLoad_bark_texture, &F::actionLoad_bark_texture},
+         {ui.actionLoadleaf_texture, &F::actionLoadleaf_texture},
+         {ui.actionLoad_simulation, &F::actionLoad_simulation},
+         {ui.actionSave_simulation, &F::actionSave_simulation},
+         {ui.actionAutosave_simulation, &F::actionAutosave_simulation}});
+    // A frame that cannot be written ends the sequence export, and its tick with it.
+    connect(fileHandler, &FileHandler::sequenceFrameFailed, this, [this] {
+        if (ui.actionAnimation_rendering_mode_Sequence_export->isChecked())
+            ui.actionAnimation_rendering_mode_Sequence_export->trigger();
+    });
 }
 
 void MainWindow::bindTimeKeeper() {
@@ -96,6 +117,12 @@ void MainWindow::bindTimeKeeper() {
                             {{ui.actionRun_simulation, &TimeKeeper::toggleRunSimulation},
                              {ui.actionAnimation_rendering_mode_Sequence_export,
                               &TimeKeeper::toggleAnimationExportingMode}});
+    connect(timeKeeper, &TimeKeeper::grabFrameBuffer, fileHandler,
+            &actionhandling::FileHandler::grabAnimationFrame);
+    connect(timeKeeper, &TimeKeeper::grabGeometry, fileHandler,
+            &actionhandling::FileHandler::grabGeometryFrame);
+    connect(timeKeeper, &TimeKeeper::sequenceExportStopped, fileHandler,
+            &actionhandling::FileHandler::resetLastNames);
     connect(currentModel, &EcosystemRender::startTreeAnimation, timeKeeper,
             &actionhandling::TimeKeeper::startTreeAnimation);
     connect(currentModel, &EcosystemRender::stopTreeAnimation, timeKeeper,

@@ -103,21 +103,40 @@ void EcosystemRender::reloadAllTreeTextures() {
     selectTree(selected);
 }
 
-void EcosystemRender::reloadCurrentTreeTextures() {
+bool EcosystemRender::loadTreeTextureImages(const arbo::Arbo& tree, QImage& bark, QImage& leaf) {
     const QString barkName =
-        QString::fromStdString(izbranoArbo->pdPrepared.barkTextureFileName).replace('\\', '/');
+        QString::fromStdString(tree.pdPrepared.barkTextureFileName).replace('\\', '/');
     const QString leafName =
-        QString::fromStdString(izbranoArbo->pdPrepared.leafTextureFileName).replace('\\', '/');
-    QImage bark(barkName), leaf;
-    if (bark.isNull() || !leaf.load(leafName)) {
+        QString::fromStdString(tree.pdPrepared.leafTextureFileName).replace('\\', '/');
+    if (!bark.load(barkName) || !leaf.load(leafName)) {
         arbo::showUserMessage(
             QCoreApplication::translate("EcosystemRender", "Error").toStdString(),
             QCoreApplication::translate("EcosystemRender", "Could not open bark texture file.")
                 .toStdString());
-        return;
+        return false;
     }
     makeTransparent(bark);
     makeTransparent(leaf);
+    return true;
+}
+
+bool EcosystemRender::loadSelectedTreeParameters(const std::string& fileName) {
+    if (!izbranoArbo->pdPrepared.loadParameters(fileName))
+        return false;
+    emit selectedTreeReplaced();
+    return true;
+}
+
+// Needs a current GL context. The views repaint either way: the tree's
+// parameters may have changed with its texture names.
+void EcosystemRender::reloadCurrentTreeTextures() {
+    QImage bark, leaf;
+    if (loadTreeTextureImages(*izbranoArbo, bark, leaf))
+        bindTreeTextures(bark, leaf);
+    emit modelDataChanged();
+}
+
+void EcosystemRender::bindTreeTextures(const QImage& bark, const QImage& leaf) {
     GLuint* names = izbranoArbo->pogled.textureNames;
     arbo::GlTexture::release(names[0]);
     arbo::GlTexture::release(names[1]);
@@ -503,10 +522,15 @@ void EcosystemRender::saveSimulation(std::string fileName) {
 void EcosystemRender::loadSimulation(std::string fileName) {
     ecosystemSimulation->loadSimulation(fileName);
     emit nrPlantsLivingChanged();
+    emit modelDataChanged();
 }
 
+// The terrain renderer takes the new grid and ortho-photo up at its next draw;
+// the camera is lifted onto the new surface where it has to be.
 void EcosystemRender::reloadDMR(std::string fileName) {
     terrainData->reloadDMR(fileName.c_str());
+    camera->hodiPoTerenu();
+    emit modelDataChanged();
 }
 
 } // namespace ecosystem::render

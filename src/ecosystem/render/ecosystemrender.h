@@ -151,6 +151,14 @@ public slots:
 public:
     // Pixels whose red, green and blue all exceed 200 become transparent white.
     static void makeTransparent(QImage& image);
+    // The tree's bark and leaf images as its textures show them (transparent
+    // where bright); says "Could not open bark texture file." and returns false
+    // when either cannot be read.
+    static bool loadTreeTextureImages(const arbo::Arbo& tree, QImage& bark, QImage& leaf);
+    // A parameter file into the selected tree's parameters; false (and the
+    // tree as it was) when the file is missing or rejected. Whatever edits the
+    // tree takes the new set up (selectedTreeReplaced).
+    bool loadSelectedTreeParameters(const std::string& fileName);
 
 private:
     void initModelObjects();
@@ -163,6 +171,7 @@ private:
     int drawVisiblePlants();
     void initSunTexture();
     void initTerrainTextures(QOpenGLWidget* widget);
+    void bindTreeTextures(const QImage& bark, const QImage& leaf);
 
     VisiblePlantsRender visiblePlants;
 };
