@@ -512,12 +512,16 @@ void ImpostorAtlas::preberiOkvir() {
             std::copy_n(prebrano.data() + std::size_t(v.y + r) * velikostOkvirja + std::size_t(v.x),
                         c.w, c.slika.data() + std::size_t(r) * std::size_t(c.w));
         c.pokrito.clear();
-        for (int y = 0; y < c.h; ++y)
+        c.vrstice.clear();
+        for (int y = 0; y < c.h; ++y) {
+            c.vrstice.push_back(std::uint32_t(c.pokrito.size()));
             for (int x = 0; x < c.w; ++x) {
                 const std::uint32_t b = c.slika[std::size_t(y) * std::size_t(c.w) + std::size_t(x)];
                 if (b >> 24)
                     c.pokrito.push_back({std::uint16_t(x), std::uint16_t(y), b});
             }
+        }
+        c.vrstice.push_back(std::uint32_t(c.pokrito.size()));
     }
     vOkvirju.clear();
     pocistiOkvir();
@@ -661,9 +665,9 @@ void ImpostorAtlas::postaviLike(const Okno& okno) {
         const float najvisje = ay + std::max({0.0f, e1y, e2y, e1y + e2y});
         if (najvisje < -1.0f || najnizje > float(visina) + 1.0f)
             continue;
-        liki.push_back({c.pokrito.data(), std::uint32_t(c.pokrito.size()), std::uint16_t(c.w),
-                        std::uint16_t(c.h), ax, ay, e1x, e1y, e2x, e2y, det, sz, najnizje,
-                        najvisje});
+        liki.push_back({c.pokrito.data(), c.vrstice.data(), std::uint32_t(c.pokrito.size()),
+                        std::uint16_t(c.w), std::uint16_t(c.h), ax, ay, e1x, e1y, e2x, e2y, det, sz,
+                        najnizje, najvisje});
     }
 }
 
@@ -686,7 +690,14 @@ void ImpostorAtlas::sestaviPas(int pas, int& prva, int& zadnja) {
             };
             robovi(stolpci, l.w, l.ax, l.e1x / float(l.w));
             robovi(vrstice, l.h, l.ay, l.e2y / float(l.h));
-            for (const Tekstel* t = l.tekseli; t != konec; ++t) {
+            // Only the texel rows this band reaches.
+            int prvaVrsta = 0, zadnjaVrsta = l.h;
+            while (prvaVrsta < l.h && vrstice[std::size_t(prvaVrsta) + 1] <= od)
+                ++prvaVrsta;
+            while (zadnjaVrsta > prvaVrsta && vrstice[std::size_t(zadnjaVrsta) - 1] >= doVrste)
+                --zadnjaVrsta;
+            const Tekstel* const zadnji = l.tekseli + l.vrstice[zadnjaVrsta];
+            for (const Tekstel* t = l.tekseli + l.vrstice[prvaVrsta]; t != zadnji; ++t) {
                 const int ya = std::max(od, vrstice[t->y]);
                 const int yb = std::min(doVrste, vrstice[std::size_t(t->y) + 1]);
                 const int xa = std::max(0, stolpci[t->x]);

@@ -55,6 +55,7 @@ public:
         // 1/255 wherever the tree's drawing would hide what lies behind.
         std::vector<std::uint32_t> slika;
         std::vector<Tekstel> pokrito;         // the texels with coverage, in rows
+        std::vector<std::uint32_t> vrstice;   // where each row begins in pokrito, and its end
         float u0 = 0, u1 = 0, v0 = 0, v1 = 0; // metres on the quad: u to the right, v up
     };
 
@@ -103,12 +104,13 @@ private:
     struct Okno;
     struct Lik { // an impostor's quad in the window, with what it shows
         const Tekstel* tekseli;
+        const std::uint32_t* vrstice;
         std::uint32_t stTekselov;
         std::uint16_t w, h;
         float ax, ay, e1x, e1y, e2x, e2y, det, globina;
         float najnizje, najvisje; // rows it reaches
     };
-    static constexpr int visinaPasu = 16; // rows composed together
+    static constexpr int visinaPasu = 32; // rows composed together
     struct VOkvirju {                     // a cell drawn into the frame buffer, not yet read
         Celica* celica;
         int x, y;
