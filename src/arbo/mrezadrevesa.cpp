@@ -38,7 +38,7 @@ void narisiPaket(const MrezaDrevesa::Paket& p, GLenum nacin, GLuint tekstura) {
 } // namespace
 
 void MrezaDrevesa::narisi(unsigned int teksturaLubja, unsigned int teksturaListov,
-                          bool vOcesnihKoordinatah) const {
+                          bool vOcesnihKoordinatah, float velikostTock) const {
     glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
     glEnableClientState(GL_VERTEX_ARRAY);
     glEnableClientState(GL_NORMAL_ARRAY);
@@ -52,7 +52,7 @@ void MrezaDrevesa::narisi(unsigned int teksturaLubja, unsigned int teksturaListo
     narisiPaket(crte, GL_LINES, teksturaLubja);
     narisiPaket(listi, GL_TRIANGLES, teksturaListov);
     if (!tocke.oglisca.empty()) {
-        glPointSize(1.4f);
+        glPointSize(velikostTock);
         narisiPaket(tocke, GL_POINTS, teksturaListov);
     }
     glPopMatrix();

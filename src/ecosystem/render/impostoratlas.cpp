@@ -21,10 +21,14 @@ namespace ecosystem::render {
 namespace {
 
 constexpr double pi = M_PI;
-// The distance a level of detail is drawn at in its cells: near the middle of
-// its band (5 L^2 to 5 (L + 1)^2 metres); the last band is open, and the
-// default camera sees most of its plants between 405 and 600 m.
-const float razdaljaRavni[ImpostorAtlas::stRavni] = {152, 212, 282, 362, 480};
+// The distances cells are drawn at: near the middle of each level's band (5 L^2
+// to 5 (L + 1)^2 metres), and for the last, open band one in every factor of
+// the square root of two from 480 m. A tree's points and lines keep their size
+// in pixels however far it is: a picture scaled down far below the size it was
+// drawn at would lose most of them.
+const float razdaljaCelic[ImpostorAtlas::stDaljav] = {152, 212, 282, 362, 480, 680, 960, 1360};
+// Between two of the last level's distances (their geometric means).
+const float mejeDaljav[ImpostorAtlas::stDaljav - ImpostorAtlas::stRavni] = {571, 808, 1143};
 const double korakSmeri = 360.0 / ImpostorAtlas::stSmeri;
 const double korakVisine = 15.0; // degrees between view elevations
 // Between two view elevations: the tangents of 7.5, 22.5 and 37.5 degrees.
@@ -45,6 +49,9 @@ int najblizjaSmer(float x, float y) {
 }
 // Pixels kept free around a tree's outermost vertices: points are 1.4 pixels.
 const float rob = 1.0f;
+// A pixel the tree's drawing hides without colour (alpha 1/255, no colour).
+const std::uint32_t oznakaPokritosti = 1u << 24;
+
 // A view whose scale changes by more than this factor spoils the cells.
 const float dovoljenaSpremembaMerila = 1.25f;
 
@@ -118,7 +125,7 @@ struct ImpostorAtlas::Skupina {
 struct ImpostorAtlas::Model {
     bool otiskZnan = false;
     std::uint64_t otisk = 0;
-    Skupina skupine[stRavni];
+    Skupina skupine[stDaljav];
 };
 
 ImpostorAtlas::ImpostorAtlas() : rastlinar(std::make_unique<arbo::Arbo>()) {}
@@ -196,18 +203,18 @@ void ImpostorAtlas::preveriPogled(bool lightingEnabled) {
     std::memcpy(luci, svet, sizeof luci);
 }
 
-ImpostorAtlas::Skupina& ImpostorAtlas::skupina(int izgled, int lod) {
-    Skupina& s = modeli[size_t(izgled)].skupine[lod - prvaRaven];
+ImpostorAtlas::Skupina& ImpostorAtlas::skupina(int izgled, int daljava) {
+    Skupina& s = modeli[size_t(izgled)].skupine[daljava];
     if (!s.izmerjena)
-        izmeri(izgled, lod - prvaRaven, s);
+        izmeri(izgled, daljava, s);
     return s;
 }
 
 // The height of the tree at every size, to scale a plant's quad to its own
 // size from the nearest one drawn.
-void ImpostorAtlas::izmeri(int izgled, int raven, Skupina& s) {
+void ImpostorAtlas::izmeri(int izgled, int daljava, Skupina& s) {
     for (int i = 0; i < stVelikosti; ++i) {
-        zrasti(izgled, raven, i);
+        zrasti(izgled, daljava, i);
         const arbo::MrezaDrevesa& m = rastlinar->delckiDrevesa.mreza;
         float vrh = 0;
         bool prazno = true;
@@ -222,10 +229,11 @@ void ImpostorAtlas::izmeri(int izgled, int raven, Skupina& s) {
     s.izmerjena = true;
 }
 
-// Grows the tree of a model at a level of detail and size into rastlinar's
-// mesh, in the tree's own coordinates, as the plant walk would grow it.
-void ImpostorAtlas::zrasti(int izgled, int raven, int velikost) {
-    if (zrasleKljuc.izgled == izgled && zrasleKljuc.raven == raven &&
+// Grows the tree of a model for a cells' distance (its level of detail) and
+// size into rastlinar's mesh, in the tree's own coordinates, as the plant walk
+// would grow it.
+void ImpostorAtlas::zrasti(int izgled, int daljava, int velikost) {
+    if (zrasleKljuc.izgled == izgled && zrasleKljuc.daljava == daljava &&
         zrasleKljuc.velikost == velikost)
         return;
     arbo::Arbo& a = *rastlinar;
@@ -239,33 +247,63 @@ void ImpostorAtlas::zrasti(int izgled, int raven, int velikost) {
     a.pogled.animateOrbitAround = false;
     a.pogled.animateGrow = true;
     a.pogled.starostDrevesa = double(velikost + 1) / stVelikosti;
-    a.pogled.lowQuality = raven + prvaRaven;
+    a.pogled.lowQuality = std::min(daljava, stRavni - 1) + prvaRaven;
     a.delckiDrevesa.mreza.izprazni();
     int stZil;
     double visina;
     a.zacniOkvir(stZil, visina);
     a.zrasti(stZil, visina, arbo::MatrikaSklad::identiteta());
-    zrasleKljuc = {izgled, raven, velikost, 0, 0};
+    zrasleKljuc = {izgled, daljava, velikost, 0, 0};
+}
+
+// The height of the tree at growth size r: between the heights of the sizes
+// drawn, and below the smallest in proportion to the trunk's length, which a
+// tree that young mostly is.
+float ImpostorAtlas::visinaPri(const Skupina& s, float r) {
+    int spodaj = -1, zgoraj = -1;
+    for (int i = 0; i < stVelikosti; ++i) {
+        if (s.prazna[i])
+            continue;
+        const float ri = float(i + 1) / stVelikosti;
+        if (ri <= r)
+            spodaj = i;
+        if (ri >= r && zgoraj < 0)
+            zgoraj = i;
+    }
+    const float korak = 0.001f; // the growth step a frame adds to the trunk
+    if (zgoraj < 0)
+        return spodaj < 0 ? 0.0f : s.visina[spodaj];
+    const float rz = float(zgoraj + 1) / stVelikosti;
+    if (spodaj < 0)
+        return s.visina[zgoraj] * (r + korak) / (rz + korak);
+    const float rs = float(spodaj + 1) / stVelikosti;
+    if (zgoraj == spodaj)
+        return s.visina[zgoraj];
+    return s.visina[spodaj] + (s.visina[zgoraj] - s.visina[spodaj]) * (r - rs) / (rz - rs);
 }
 
 void ImpostorAtlas::dodaj(int izgled, int lod, float velikost, const arbo::Tocka& noga) {
-    Skupina& s = skupina(izgled, lod);
+    float dx = noga.x - kamera.x, dz = noga.z - kamera.z;
+    const float dvig = kamera.y - noga.y;
+    int daljava = lod - prvaRaven;
+    if (daljava == stRavni - 1) {
+        const float razdalja = std::sqrt(dx * dx + dz * dz + dvig * dvig);
+        while (daljava < stDaljav - 1 && razdalja > mejeDaljav[daljava - (stRavni - 1)])
+            ++daljava;
+    }
+    Skupina& s = skupina(izgled, daljava);
     // The nearest size that draws something, the next larger if need be.
     int i = std::clamp(int(std::lround(velikost * stVelikosti)) - 1, 0, stVelikosti - 1);
     while (i < stVelikosti - 1 && s.prazna[i])
         ++i;
+    while (i > 0 && s.prazna[i])
+        --i;
     if (s.prazna[i])
         return;
-    // The plant's height between the sizes' heights (from 0 at size 0).
-    const float f = std::clamp(velikost * stVelikosti - 1.0f, -1.0f, float(stVelikosti - 1));
-    const int j = int(std::floor(f));
-    const float h0 = j < 0 ? 0.0f : s.visina[j];
-    const float h1 = s.visina[std::min(j + 1, stVelikosti - 1)];
-    const float skala = (h0 + (h1 - h0) * (f - float(j))) / s.visina[i];
+    const float skala = visinaPri(s, velikost) / s.visina[i];
     if (!(skala > 0))
         return;
 
-    float dx = noga.x - kamera.x, dz = noga.z - kamera.z;
     float dh = std::sqrt(dx * dx + dz * dz);
     if (dh < 1e-3f) {
         dx = 0;
@@ -273,14 +311,13 @@ void ImpostorAtlas::dodaj(int izgled, int lod, float velikost, const arbo::Tocka
         dh = 1;
     }
     const int smer = najblizjaSmer(dx, -dz);
-    const float dvig = kamera.y - noga.y;
     int visina = 0;
     while (visina < stVisin - 1 && dvig > mejeVisin[visina] * dh)
         ++visina;
     Celica& c = s.celice[i][smer][visina];
     if (!c.narisana && !c.zahtevana) {
         c.zahtevana = true;
-        zahtevane.push_back({izgled, lod - prvaRaven, i, smer, visina});
+        zahtevane.push_back({izgled, daljava, i, smer, visina});
     }
     vnosi.push_back({&c, skala, noga, -dz / dh, dx / dh});
 }
@@ -299,8 +336,8 @@ bool ImpostorAtlas::narisiZahtevane(double casMs) {
     cas.start();
     // One tree grown serves all its views.
     std::sort(zahtevane.begin(), zahtevane.end(), [](const Kljuc& a, const Kljuc& b) {
-        return std::tie(a.izgled, a.raven, a.velikost, a.smer, a.visina) <
-               std::tie(b.izgled, b.raven, b.velikost, b.smer, b.visina);
+        return std::tie(a.izgled, a.daljava, a.velikost, a.smer, a.visina) <
+               std::tie(b.izgled, b.daljava, b.velikost, b.smer, b.visina);
     });
     const GLuint prejsnji = trenutniOkvir();
     glPushAttrib(GL_ALL_ATTRIB_BITS);
@@ -350,11 +387,11 @@ bool ImpostorAtlas::narisiZahtevane(double casMs) {
 // it shrinks back to the picture.
 void ImpostorAtlas::narisiCelico(const Kljuc& k) {
     Model& m = modeli[size_t(k.izgled)];
-    Celica& c = m.skupine[k.raven].celice[k.velikost][k.smer][k.visina];
+    Celica& c = m.skupine[k.daljava].celice[k.velikost][k.smer][k.visina];
     c.zahtevana = false;
     c.narisana = true;
     ++stNarisanihCelic;
-    zrasti(k.izgled, k.raven, k.velikost);
+    zrasti(k.izgled, k.daljava, k.velikost);
     const arbo::MrezaDrevesa& mreza = rastlinar->delckiDrevesa.mreza;
     float y0 = 1e30f, y1 = -1e30f;
     for (const auto* p : {&mreza.lubje, &mreza.crte, &mreza.listi, &mreza.tocke})
@@ -365,7 +402,7 @@ void ImpostorAtlas::narisiCelico(const Kljuc& k) {
     if (y0 > y1)
         return; // nothing to draw
     const double a = k.smer * korakSmeri * pi / 180.0, e = k.visina * korakVisine * pi / 180.0;
-    const float d = razdaljaRavni[k.raven];
+    const float d = razdaljaCelic[k.daljava];
     const float cosE = float(std::cos(e)), sinE = float(std::sin(e));
     // Looking along D = (n cos e, -sin e) at the middle of the tree's height.
     const float nx = float(std::sin(a)), nz = float(-std::cos(a));
@@ -387,7 +424,7 @@ void ImpostorAtlas::narisiCelico(const Kljuc& k) {
         }
     float fx = goriscnaX, fy = goriscnaY;
     // The frame buffer holds the largest cell, at a coarser scale if need be.
-    const float najvec = float(velikostOkvirja - 2) - 2 * rob - 1;
+    const float najvec = float(velikostOkvirja / gostotaNajdlje - 2) - 2 * rob - 1;
     const float zmanjsaj = std::min(1.0f, najvec / std::max((x1 - x0) * fx, (v1 - v0) * fy));
     fx *= zmanjsaj;
     fy *= zmanjsaj;
@@ -402,16 +439,22 @@ void ImpostorAtlas::narisiCelico(const Kljuc& k) {
     c.u1 = x1 * d;
     c.v0 = sredina + v0 * d / cosE;
     c.v1 = sredina + v1 * d / cosE;
+    // The farthest trees are a pixel or two, and whether a leaf of one of them
+    // covers a pixel's centre depends on where exactly it stands: their cells
+    // are drawn finer and averaged, each texel the coverage a plant has on
+    // average there.
+    const int gostota = k.daljava >= stRavni - 1 ? gostotaNajdlje : 1;
     int x, y;
-    if (!umesti(w, h, x, y)) {
+    if (!umesti(w * gostota, h * gostota, x, y)) {
         preberiOkvir(); // full: read what is there and start again
-        umesti(w, h, x, y);
+        umesti(w * gostota, h * gostota, x, y);
     }
     c.w = w;
     c.h = h;
-    vOkvirju.push_back({&c, x, y});
-    glViewport(x, y, w, h);
-    glScissor(x, y, w, h);
+    vOkvirju.push_back({&c, x, y, gostota});
+    glViewport(x, y, w * gostota, h * gostota);
+    glScissor(x, y, w * gostota, h * gostota);
+    glLineWidth(float(gostota));
     const float blizu = std::max(0.5f, z0 - 1.0f), dalec = z1 + 1.0f;
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
@@ -427,8 +470,12 @@ void ImpostorAtlas::narisiCelico(const Kljuc& k) {
     // summing to coverage: the quad then blends as the leaves would.
     gl()->glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
     // The mesh is in the tree's own coordinates: drawn under this camera.
-    mreza.narisi(rastlinar->pogled.textureNames[0], rastlinar->pogled.textureNames[1], false);
-    oznaciPokrito(mreza);
+    // A point of 1.4 pixels covers one pixel (its size is rounded), a line is
+    // one pixel wide: drawn finer, both cover as much of a texel.
+    const float tocka = gostota == 1 ? 1.4f : float(gostota);
+    mreza.narisi(rastlinar->pogled.textureNames[0], rastlinar->pogled.textureNames[1], false,
+                 tocka);
+    oznaciPokrito(mreza, tocka);
 }
 
 // The tree's own drawing writes depth wherever it draws, also where a leaf's
@@ -437,7 +484,7 @@ void ImpostorAtlas::narisiCelico(const Kljuc& k) {
 // which blends as nothing): the quad, coverage tested, then hides the same.
 // Once per pixel, by the front fragment's depth: alpha goes from A to
 // A + (1 - A) / 255, a change only where it was near 0.
-void ImpostorAtlas::oznaciPokrito(const arbo::MrezaDrevesa& mreza) {
+void ImpostorAtlas::oznaciPokrito(const arbo::MrezaDrevesa& mreza, float velikostTock) {
     glPushAttrib(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_CURRENT_BIT | GL_POINT_BIT |
                  GL_DEPTH_BUFFER_BIT);
     glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
@@ -453,7 +500,7 @@ void ImpostorAtlas::oznaciPokrito(const arbo::MrezaDrevesa& mreza) {
     glDisableClientState(GL_TEXTURE_COORD_ARRAY);
     glDisableClientState(GL_COLOR_ARRAY);
     glEnableClientState(GL_VERTEX_ARRAY);
-    glPointSize(1.4f);
+    glPointSize(velikostTock);
     const std::pair<const arbo::MrezaDrevesa::Paket*, GLenum> paketi[] = {
         {&mreza.lubje, GL_TRIANGLES},
         {&mreza.crte, GL_LINES},
@@ -497,6 +544,38 @@ void ImpostorAtlas::pocistiOkvir() {
     okvirX = okvirY = visinaPolice = 0;
 }
 
+// A k x k block of what was read, for one texel, and how many of 255 plants
+// standing anywhere within the texel would show it at its centre. Where the
+// tree gives some samples colour, the texel is their average (premultiplied,
+// so a plain average), shown as often as they cover the block: a pixel of the
+// tree's own drawing has the colour its centre falls on, not a blend with the
+// leaves' transparent corners around it. Otherwise samples the tree hides
+// without colour make a texel that only hides what lies behind, as often.
+std::uint32_t ImpostorAtlas::povprecje(int x0, int y0, int k, std::uint8_t& verjetnost) const {
+    std::uint32_t vsota[4] = {0, 0, 0, 0}, barvnih = 0, skritih = 0;
+    for (int y = y0; y < y0 + k; ++y)
+        for (int x = x0; x < x0 + k; ++x) {
+            const std::uint32_t b = prebrano[std::size_t(y) * velikostOkvirja + std::size_t(x)];
+            if (b == 0)
+                continue;
+            if (b == oznakaPokritosti) {
+                ++skritih;
+                continue;
+            }
+            ++barvnih;
+            for (int i = 0; i < 4; ++i)
+                vsota[i] += (b >> (8 * i)) & 255;
+        }
+    const std::uint32_t n = barvnih > 0 ? barvnih : skritih, vseh = std::uint32_t(k * k);
+    verjetnost = std::uint8_t((n * 255 + vseh / 2) / vseh);
+    if (barvnih == 0)
+        return skritih > 0 ? oznakaPokritosti : 0;
+    std::uint32_t rezultat = 0;
+    for (int i = 0; i < 4; ++i)
+        rezultat |= ((vsota[i] + barvnih / 2) / barvnih) << (8 * i);
+    return (rezultat >> 24) == 0 ? oznakaPokritosti : rezultat;
+}
+
 // Reads the cells drawn since the last read into their own pictures.
 void ImpostorAtlas::preberiOkvir() {
     if (vOkvirju.empty())
@@ -508,17 +587,17 @@ void ImpostorAtlas::preberiOkvir() {
     for (const VOkvirju& v : vOkvirju) {
         Celica& c = *v.celica;
         c.slika.resize(std::size_t(c.w) * std::size_t(c.h));
-        for (int r = 0; r < c.h; ++r)
-            std::copy_n(prebrano.data() + std::size_t(v.y + r) * velikostOkvirja + std::size_t(v.x),
-                        c.w, c.slika.data() + std::size_t(r) * std::size_t(c.w));
         c.pokrito.clear();
         c.vrstice.clear();
         for (int y = 0; y < c.h; ++y) {
             c.vrstice.push_back(std::uint32_t(c.pokrito.size()));
             for (int x = 0; x < c.w; ++x) {
-                const std::uint32_t b = c.slika[std::size_t(y) * std::size_t(c.w) + std::size_t(x)];
-                if (b >> 24)
-                    c.pokrito.push_back({std::uint16_t(x), std::uint16_t(y), b});
+                std::uint8_t verjetnost;
+                const std::uint32_t b =
+                    povprecje(v.x + x * v.gostota, v.y + y * v.gostota, v.gostota, verjetnost);
+                c.slika[std::size_t(y) * std::size_t(c.w) + std::size_t(x)] = b;
+                if (b >> 24 && verjetnost > 0)
+                    c.pokrito.push_back({std::uint16_t(x), std::uint16_t(y), b, verjetnost});
             }
         }
         c.vrstice.push_back(std::uint32_t(c.pokrito.size()));
@@ -529,8 +608,27 @@ void ImpostorAtlas::preberiOkvir() {
 
 namespace {
 
-// A pixel the tree's drawing hides without colour (alpha 1/255, no colour).
-const std::uint32_t oznakaPokritosti = 1u << 24;
+// A plant's own dice: from where it stands, the same at every frame.
+std::uint32_t kocka(const arbo::Tocka& noga) {
+    std::uint32_t x, z;
+    std::memcpy(&x, &noga.x, 4);
+    std::memcpy(&z, &noga.z, 4);
+    std::uint32_t h = x * 0x9E3779B1u ^ (z + 0x7F4A7C15u) * 0x85EBCA6Bu;
+    h ^= h >> 15;
+    return h * 0xC2B2AE35u;
+}
+
+// Whether this plant shows a texel some plants cover and some do not, its
+// chance raised by ojacitev / 256.
+inline bool pokazi(const ImpostorAtlas::Tekstel& t, std::uint32_t seme, std::uint32_t ojacitev) {
+    if (t.verjetnost == 255)
+        return true;
+    std::uint32_t h = seme ^ (std::uint32_t(t.x) * 0x27D4EB2Fu + std::uint32_t(t.y) * 0x165667B1u);
+    h ^= h >> 13;
+    h *= 0x85EBCA6Bu;
+    h ^= h >> 16;
+    return (h & 255) * 256 < t.verjetnost * ojacitev;
+}
 
 // The least integer not below v (no library call: it runs per texel).
 inline int navzgor(float v) {
@@ -665,9 +763,14 @@ void ImpostorAtlas::postaviLike(const Okno& okno) {
         const float najvisje = ay + std::max({0.0f, e1y, e2y, e1y + e2y});
         if (najvisje < -1.0f || najnizje > float(visina) + 1.0f)
             continue;
+        // A quad smaller than its cell shows fewer texels, while the tree's
+        // points and lines keep their pixel: its partly covered texels (the
+        // scattered leaves) show that much more often.
+        const float pikslov = std::fabs(det) / (float(c.w) * float(c.h)); // per texel
+        const std::uint32_t ojacitev = std::uint32_t(256.0f / std::clamp(pikslov, 0.25f, 1.0f));
         liki.push_back({c.pokrito.data(), c.vrstice.data(), std::uint32_t(c.pokrito.size()),
                         std::uint16_t(c.w), std::uint16_t(c.h), ax, ay, e1x, e1y, e2x, e2y, det, sz,
-                        najnizje, najvisje});
+                        najnizje, najvisje, kocka(v.noga), ojacitev});
     }
 }
 
@@ -698,6 +801,8 @@ void ImpostorAtlas::sestaviPas(int pas, int& prva, int& zadnja) {
                 --zadnjaVrsta;
             const Tekstel* const zadnji = l.tekseli + l.vrstice[zadnjaVrsta];
             for (const Tekstel* t = l.tekseli + l.vrstice[prvaVrsta]; t != zadnji; ++t) {
+                if (!pokazi(*t, l.seme, l.ojacitev))
+                    continue;
                 const int ya = std::max(od, vrstice[t->y]);
                 const int yb = std::min(doVrste, vrstice[std::size_t(t->y) + 1]);
                 const int xa = std::max(0, stolpci[t->x]);
@@ -721,6 +826,8 @@ void ImpostorAtlas::sestaviPas(int pas, int& prva, int& zadnja) {
         const float odmikX = std::min(0.0f, txx) + std::min(0.0f, tyx) - 0.5f;
         const float odmikY = std::min(0.0f, txy) + std::min(0.0f, tyy) - 0.5f;
         for (const Tekstel* t = l.tekseli; t != konec; ++t) {
+            if (!pokazi(*t, l.seme, l.ojacitev))
+                continue;
             const float a0 = float(t->x), b0 = float(t->y);
             // The texel's lowest corner, less half a pixel, and its extent.
             const float mx = l.ax + a0 * txx + b0 * tyx + odmikX;

@@ -252,6 +252,55 @@ private slots:
         QCOMPARE(glGetError(), GLenum(GL_NO_ERROR));
     }
 
+    void farthestTreesShowAsMuchAsTheExactOnes_data() {
+        QTest::addColumn<double>("distance");
+        QTest::newRow("450 m") << 450.0;
+        QTest::newRow("700 m") << 700.0;
+        QTest::newRow("1000 m") << 1000.0;
+    }
+
+    // Trees of the last level are a few scattered pixels, each leaf a pixel
+    // or none: rows of them must bring as many pixels, and as much colour, as
+    // the exact trees, however far (not a haze, nor fewer as they shrink).
+    void farthestTreesShowAsMuchAsTheExactOnes() {
+        if (!haveGl)
+            QSKIP("no OpenGL context");
+        QFETCH(double, distance);
+        std::vector<CVrstaRastlin> row, none;
+        for (int tip : {1, 2, 4}) {
+            row.push_back(species(*data, stats, tip));
+            CVrstaRastlin& v = row.back();
+            for (int k = 0; k < 80; ++k) {
+                // On a plain below the eye, across the view, a little nearer
+                // or farther so that they stand at all fractions of a pixel.
+                v.ziviPrimerkiTeVrste.emplace_back(
+                    v, ecosystem::Tocka2i(1, 1),
+                    at(-24 + 0.2 * (3 * k + tip / 2), distance + 3.7 * ((7 * k) % 10)));
+                v.ziviPrimerkiTeVrste.back().pozicija3D.y = -100;
+                v.ziviPrimerkiTeVrste.back().trenutnaVelikost = 1.0f;
+            }
+        }
+        VisiblePlantsRender walk;
+        walk.stNiti = 1;
+        const QImage bare = frame(walk, none, {false, false, true, false, false});
+        const QImage exact = frame(walk, row, {false, false, true, false, false});
+        const QImage fast = frame(walk, row, {false, false, true, false, true});
+        QCOMPARE(walk.treesPerLod[9], 240);
+        QCOMPARE(walk.atlas().stImpostorjev, 240);
+        const double exactColour = imagecompare::meanAbsoluteDifference(bare, exact);
+        const double fastColour = imagecompare::meanAbsoluteDifference(bare, fast);
+        const int exactPixels = imagecompare::differingPixels(bare, exact, 6);
+        const int fastPixels = imagecompare::differingPixels(bare, fast, 6);
+        QVERIFY(exactPixels > 100);
+        QVERIFY2(std::fabs(fastColour / exactColour - 1) < 0.2 &&
+                     std::abs(fastPixels - exactPixels) < 0.25 * exactPixels,
+                 qPrintable(QString("colour %1 vs %2, pixels %3 vs %4")
+                                .arg(fastColour)
+                                .arg(exactColour)
+                                .arg(fastPixels)
+                                .arg(exactPixels)));
+    }
+
     void wireFrameHasNoImpostors() {
         if (!haveGl)
             QSKIP("no OpenGL context");
