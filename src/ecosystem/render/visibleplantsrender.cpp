@@ -159,14 +159,21 @@ public:
         float barva[4] = {1, 1, 1, 1};
     };
     static constexpr long velikostSklopa = 8; // trees per batch
-    static constexpr long stSklopov = 16;     // batches on the way at most
-    static constexpr long stPoslov = velikostSklopa * stSklopov;
+    // Batches on the way at most: sixteen (fewer made two cores wait for
+    // growing), or two for every thread on larger machines; each job keeps its
+    // mesh's memory.
+    const long stSklopov;
+    const long stPoslov;
     const int stPomocnikov;
     long stKosov = 0; // stems and leaves drawn in this walk
     // The drawing thread's nanoseconds in this walk: drawing, growing, waiting.
     std::int64_t nsRisanje = 0, nsRast = 0, nsCakanje = 0;
 
-    explicit Rastoci(int stPomocnikov) : stPomocnikov(stPomocnikov), dvojniki(stPomocnikov + 1) {}
+    explicit Rastoci(int stPomocnikov)
+        : stSklopov(std::max(16L, 2L * (stPomocnikov + 1))), stPoslov(velikostSklopa * stSklopov),
+          stPomocnikov(stPomocnikov), posli(std::size_t(stPoslov)),
+          stVSklopu(std::size_t(stSklopov)), koncanSklop(std::size_t(stSklopov)),
+          dvojniki(std::size_t(stPomocnikov) + 1) {}
 
     ~Rastoci() {
         konec = true;
@@ -195,7 +202,7 @@ public:
     Posel& prost(int izgled, const Flags& flags) {
         while (oddanih - narisanih >= stPoslov)
             narisi(flags);
-        Posel& p = posli[oddanih % stPoslov];
+        Posel& p = posli[std::size_t(oddanih % stPoslov)];
         p.model = modeli[size_t(izgled)];
         p.izgled = izgled;
         p.drevo = true;
@@ -232,9 +239,9 @@ private:
         std::unique_ptr<arbo::Arbo> arbo;
         long hod; // the walk whose parameters it holds
     };
-    Posel posli[stPoslov];
-    int stVSklopu[stSklopov] = {};              // jobs in the batch, set when closed
-    std::atomic<long> koncanSklop[stSklopov]{}; // 1 + number of the batch grown there
+    std::vector<Posel> posli;
+    std::vector<int> stVSklopu;                 // jobs in the batch, set when closed
+    std::vector<std::atomic<long>> koncanSklop; // 1 + number of the batch grown there
     std::vector<arbo::Arbo*> modeli;
     // One twin of every model for each grower (0: the drawing thread).
     std::vector<std::vector<Dvojnik>> dvojniki;
@@ -251,11 +258,13 @@ private:
     std::condition_variable cvRastoci, cvRisar;
     std::vector<std::thread> niti;
 
-    bool gotov(long sklop) const { return koncanSklop[sklop % stSklopov] == sklop + 1; }
+    bool gotov(long sklop) const {
+        return koncanSklop[std::size_t(sklop % stSklopov)] == sklop + 1;
+    }
 
     void zapri(long stPoslovSklopa) {
         const long sklop = (oddanih - 1) / velikostSklopa;
-        stVSklopu[sklop % stSklopov] = int(stPoslovSklopa);
+        stVSklopu[std::size_t(sklop % stSklopov)] = int(stPoslovSklopa);
         zaprtih = sklop + 1;
         if (rastociSpijo > 0)
             zbudiRastoce();
@@ -277,9 +286,9 @@ private:
 
     void zrastiSklop(long sklop, int rastoci) {
         const long prvi = (sklop % stSklopov) * velikostSklopa;
-        for (long i = prvi; i < prvi + stVSklopu[sklop % stSklopov]; ++i)
-            zrasti(posli[i], dvojniki[size_t(rastoci)]);
-        koncanSklop[sklop % stSklopov] = sklop + 1;
+        for (long i = prvi; i < prvi + stVSklopu[std::size_t(sklop % stSklopov)]; ++i)
+            zrasti(posli[std::size_t(i)], dvojniki[size_t(rastoci)]);
+        koncanSklop[std::size_t(sklop % stSklopov)] = sklop + 1;
         if (risarSpi) {
             std::lock_guard<std::mutex> l(mutex);
             cvRisar.notify_one();
@@ -348,9 +357,9 @@ private:
         const long k = narisanih++;
         const long sklop = k / velikostSklopa;
         pocakajNaSklop(sklop);
-        if (k % velikostSklopa >= stVSklopu[sklop % stSklopov])
+        if (k % velikostSklopa >= stVSklopu[std::size_t(sklop % stSklopov)])
             return; // past the end of a walk's last batch
-        Posel& p = posli[k % stPoslov];
+        Posel& p = posli[std::size_t(k % stPoslov)];
         arbo::Arbo& a = *p.model;
         glPushMatrix();
         glTranslatef(p.rastlina->pozicija3D.x, p.rastlina->pozicija3D.y, p.rastlina->pozicija3D.z);
