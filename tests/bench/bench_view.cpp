@@ -9,6 +9,7 @@
 // the same step (mean absolute difference per channel, 0 to 255); "fastonly"
 // times impostor frames alone (for peak memory); "gen" grows the trees without
 // drawing them (the growing's share of the exact frame).
+// VIEW_WIDTH, VIEW_HEIGHT set the frame's size (800 x 600).
 // VIRELA_THREADS=n sets the threads that grow trees (1: all on the drawing
 // thread); VIEW_FRAMES=n times n frames per step (default 4, median reported);
 // VIEW_TERRAIN=400 runs on a 400 x 400 terrain (the default DEM mirrored 4 x 4,
@@ -155,7 +156,7 @@ int main(int argc, char** argv) {
     QDir::setCurrent(VIRELA_SOURCE_DIR); // the species files are found from here
 
     OffscreenGl gl;
-    if (!gl.createWithViewState(800, 600)) {
+    if (!gl.createWithViewState(envInt("VIEW_WIDTH", 800), envInt("VIEW_HEIGHT", 600))) {
         std::printf("no OpenGL context\n");
         return 1;
     }
