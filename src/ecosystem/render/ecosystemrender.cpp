@@ -16,7 +16,6 @@
 #include <GL/gl.h>
 
 #include <cstdio>
-#include <iostream>
 
 namespace ecosystem::render {
 
@@ -422,8 +421,7 @@ void EcosystemRender::setRandomGeneratorSeeds(std::vector<unsigned long long> se
 }
 
 void EcosystemRender::simulateNextStepAndUpdateGL() {
-    ecosystemSimulation->simulateNextStep();
-    std::cout << ecosystemSimulation->getEntitiesStatistics()->getLogText() << std::endl;
+    ecosystemSimulation->simulateNextStepAndLog();
     emit nrPlantsLivingChanged();
     // With several steps per rendered frame, only every n-th step asks for a
     // repaint; the simulation itself runs at full pace.
@@ -439,11 +437,7 @@ void EcosystemRender::setAutosave(int steps) {
 }
 
 void EcosystemRender::updateAutoSave() {
-    // The interval is -1 (off) or positive; 0 would divide by zero.
-    if (autoSaveSimulationStepNr < 1)
-        return;
-    if (ecosystemSimulation->simulationStepNr % autoSaveSimulationStepNr == 0)
-        saveSimulation(std::to_string(ecosystemSimulation->simulationStepNr) + ".sim");
+    ecosystemSimulation->autoSave(autoSaveSimulationStepNr);
 }
 
 void EcosystemRender::saveSimulation(std::string fileName) {

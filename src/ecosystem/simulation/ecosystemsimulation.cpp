@@ -152,10 +152,32 @@ void CEcosystemSimulation::simulateNextStep() {
     saveStatistics(casOstalo, casDodajal, casZrastel, casPobijal);
 }
 
+void CEcosystemSimulation::simulateNextStepAndLog() {
+    simulateNextStep();
+    std::cout << entitiesStatistics.getLogText() << std::endl;
+}
+
+std::string CEcosystemSimulation::autoSave(int period, const std::string& folder) {
+    // The period is -1 (off) or positive; 0 would divide by zero.
+    if (period < 1 || simulationStepNr % period != 0)
+        return std::string();
+    std::string fileName = std::to_string(simulationStepNr) + ".sim";
+    if (!folder.empty())
+        fileName = folder + "/" + fileName;
+    saveSimulation(fileName);
+    return fileName;
+}
+
 void CEcosystemSimulation::dodajRastlineVrstam() {
-    for (CVrstaRastlin& vrsta : rastlinskeVrste)
+    std::vector<int>& rojeni = entitiesStatistics.rojeniVKoraku;
+    rojeni.assign(rastlinskeVrste.size(), 0);
+    for (size_t v = 0; v < rastlinskeVrste.size(); ++v) {
+        CVrstaRastlin& vrsta = rastlinskeVrste[v];
+        const size_t prej = vrsta.ziviPrimerkiTeVrste.size();
         vrsta.dodajKomuliraneRastline(
             vrsta.stNovihRastlinNaSimulacijskiKorak * vrsta.komulacijaSemen, rastlinePoTerenu);
+        rojeni[v] = int(vrsta.ziviPrimerkiTeVrste.size() - prej);
+    }
 }
 
 void CEcosystemSimulation::zrastiVseRastlineInDolociMoci() {
@@ -217,8 +239,17 @@ void CEcosystemSimulation::pobijRastline() {
     umrleVCelicah.clear();
     QElapsedTimer odlocanje;
     odlocanje.start();
-    for (CVrstaRastlin& vrsta : rastlinskeVrste)
-        vrsta.ziviPrimerkiTeVrste.remove_if(&CEcosystemSimulation::umreSedaj);
+    // The life factors book each death under its cause; the species are
+    // decided one after another, so the counters' growth is the species' share.
+    statistics::CEntitiesStatistics& s = entitiesStatistics;
+    s.umrliZaradiDominiranostiVKoraku.assign(rastlinskeVrste.size(), 0);
+    s.umrliOstaloVKoraku.assign(rastlinskeVrste.size(), 0);
+    for (size_t v = 0; v < rastlinskeVrste.size(); ++v) {
+        const int dominiranostPrej = s.umrliZaradiDominiranosti, ostaloPrej = s.umrliOstalo;
+        rastlinskeVrste[v].ziviPrimerkiTeVrste.remove_if(&CEcosystemSimulation::umreSedaj);
+        s.umrliZaradiDominiranostiVKoraku[v] = s.umrliZaradiDominiranosti - dominiranostPrej;
+        s.umrliOstaloVKoraku[v] = s.umrliOstalo - ostaloPrej;
+    }
     casPobijanjaDominiranihRastlin = static_cast<int>(odlocanje.elapsed());
     lifeFactors.dominanceGrid = nullptr;
     // Keep each species' plants packed in memory; the cell index follows them.
