@@ -17,6 +17,34 @@
     </message>
 </context>
 <context>
+    <name>CRainFactory</name>
+    <message>
+        <source>Computing moisture</source>
+        <translation>Računam vlažnost</translation>
+    </message>
+</context>
+<context>
+    <name>CSunFactory</name>
+    <message>
+        <source>Computing sunniness</source>
+        <translation>Računam osončenost</translation>
+    </message>
+</context>
+<context>
+    <name>CTerrainNormalsFactory</name>
+    <message>
+        <source>Computing normals</source>
+        <translation>Računam normale</translation>
+    </message>
+</context>
+<context>
+    <name>CWindFactory</name>
+    <message>
+        <source>Computing windiness</source>
+        <translation>Računam vetrovnost</translation>
+    </message>
+</context>
+<context>
     <name>EcosystemRender</name>
     <message>
         <source>Error</source>
@@ -363,6 +391,208 @@
     <message>
         <source>Travel backward</source>
         <translation>Potuj nazaj</translation>
+    </message>
+</context>
+<context>
+    <name>RunOptions</name>
+    <message>
+        <source>See virela-sim --help.</source>
+        <translation>Glej virela-sim --help.</translation>
+    </message>
+    <message>
+        <source>Unexpected argument &apos;%1&apos;. See virela-sim --help.</source>
+        <translation>Nepričakovan argument &apos;%1&apos;. Glej virela-sim --help.</translation>
+    </message>
+    <message>
+        <source>--steps needs a whole number of steps, not &apos;%1&apos;.</source>
+        <translation>--steps potrebuje celo število korakov, ne &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>Give either --seeds or --seed, not both.</source>
+        <translation>Podaj --seeds ali --seed, ne obeh.</translation>
+    </message>
+    <message>
+        <source>--seeds needs thirteen whole numbers separated by commas, not &apos;%1&apos;.</source>
+        <translation>--seeds potrebuje trinajst celih števil, ločenih z vejicami, ne &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>--seed needs a whole number from 1 up, not &apos;%1&apos;.</source>
+        <translation>--seed potrebuje celo število od 1 navzgor, ne &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>--dem needs a file name.</source>
+        <translation>--dem potrebuje ime datoteke.</translation>
+    </message>
+    <message>
+        <source>--load needs a file name.</source>
+        <translation>--load potrebuje ime datoteke.</translation>
+    </message>
+    <message>
+        <source>--area needs four whole numbers FIRST_COLUMN,LAST_COLUMN,FIRST_ROW,LAST_ROW with first &lt;= last, not &apos;%1&apos;.</source>
+        <translation>--area potrebuje štiri cela števila PRVI_STOLPEC,ZADNJI_STOLPEC,PRVA_VRSTICA,ZADNJA_VRSTICA s prvim &lt;= zadnjim, ne &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>--csv, --save and --out need a name.</source>
+        <translation>--csv, --save in --out potrebujejo ime.</translation>
+    </message>
+    <message>
+        <source>--snapshot-every needs a whole number of steps from 1 up, not &apos;%1&apos;.</source>
+        <translation>--snapshot-every potrebuje celo število korakov od 1 navzgor, ne &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>Usage: virela-sim [options]
+Runs the ecosystem simulation of Virela without a window: the same steps,
+statistics lines and simulation files as the window program, one run per call.
+
+Start:
+  --dem FILE           terrain from a DEM file (.dmr, 100 x 100 points) instead
+                       of the compiled-in landscape
+  --load FILE          continue a saved simulation (.sim) as the window program
+                       continues one (the file keeps six digits, and not which
+                       plants were dominated nor the last step&apos;s seed count, so
+                       the continuation is not the saved run&apos;s own)
+  --area X0,X1,Y0,Y1   plant area: grid columns X0 to X1 and rows Y0 to Y1
+                       (default 25,75,25,75; a loaded simulation brings its own)
+  --seeds S1,...,S13   the thirteen random stream seeds (default 1,2,...,13;
+                       with --load they replace the streams stored in the file)
+  --seed N             shorthand for the seeds 13N-12 to 13N (--seed 1 is the
+                       default), for replicate sweeps
+  --steps N            number of steps to simulate (default 100)
+
+Output (missing folders are made; with a bad input nothing is written):
+  --csv FILE           one CSV row per step: living plants, births, deaths by
+                       dominance and by other causes per species, and the
+                       step&apos;s milliseconds
+  --snapshot-every K   save the simulation as &lt;step&gt;.sim after every K-th step
+  --out DIR            folder of the snapshots (default: the working folder)
+  --save FILE          save the final state
+  --help               show this help
+  --version            show the version and the source revision
+
+Standard output carries the window program&apos;s lines: one statistics line per
+step, save and load confirmations. Standard error shows a progress line when it
+is a terminal, and a summary at the end. Ctrl+C stops after the current step
+and leaves complete files.
+Exit status: 0 done, 1 an output could not be written, 2 bad input, 128 + the
+signal number when interrupted.
+
+Example:
+  virela-sim --steps 100 --seed 3 --dem my.dmr --csv runs/3.csv \
+             --snapshot-every 30 --out runs/3 --save runs/3/final.sim
+</source>
+        <translation>Uporaba: virela-sim [možnosti]
+Požene simulacijo ekosistema Virele brez okna: isti koraki, iste vrstice
+statistike in iste datoteke simulacije kot v okenskem programu, en tek na klic.
+
+Začetek:
+  --dem FILE           teren iz datoteke DMR (.dmr, 100 x 100 točk) namesto
+                       vgrajene pokrajine
+  --load FILE          nadaljuj shranjeno simulacijo (.sim), kot jo nadaljuje
+                       okenski program (datoteka hrani šest mest, ne pa tega,
+                       katere rastline so bile dominirane, niti števila semen
+                       zadnjega koraka, zato nadaljevanje ni tek, ki jo je
+                       shranil)
+  --area X0,X1,Y0,Y1   območje rastlin: stolpci mreže od X0 do X1 in vrstice od
+                       Y0 do Y1 (privzeto 25,75,25,75; naložena simulacija
+                       prinese svoje)
+  --seeds S1,...,S13   trinajst semen naključnih tokov (privzeto 1,2,...,13;
+                       z --load zamenjajo tokove, shranjene v datoteki)
+  --seed N             okrajšava za semena od 13N-12 do 13N (--seed 1 so
+                       privzeta), za serije ponovitev
+  --steps N            število korakov simulacije (privzeto 100)
+
+Izhod (manjkajoče mape se ustvarijo; ob slabem vhodu se ne zapiše nič):
+  --csv FILE           ena vrstica CSV na korak: žive rastline, rojstva, smrti
+                       zaradi dominiranosti in zaradi drugih vzrokov po vrstah
+                       ter milisekunde koraka
+  --snapshot-every K   shrani simulacijo kot &lt;korak&gt;.sim po vsakem K-tem koraku
+  --out DIR            mapa posnetkov (privzeto: delovna mapa)
+  --save FILE          shrani končno stanje
+  --help               pokaži to pomoč
+  --version            pokaži različico in revizijo izvorne kode
+
+Standardni izhod nosi vrstice okenskega programa: eno vrstico statistike na
+korak ter potrditve shranjevanja in nalaganja. Standardni izhod za napake kaže
+vrstico napredka, kadar je terminal, in povzetek na koncu. Ctrl+C ustavi po
+trenutnem koraku in pusti cele datoteke.
+Izhodni status: 0 končano, 1 izhoda ni bilo mogoče zapisati, 2 slab vhod,
+128 + številka signala ob prekinitvi.
+
+Primer:
+  virela-sim --steps 100 --seed 3 --dem my.dmr --csv runs/3.csv \
+             --snapshot-every 30 --out runs/3 --save runs/3/final.sim
+</translation>
+    </message>
+</context>
+<context>
+    <name>SimulationRun</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min %2 s</source>
+        <translation>%1 min %2 s</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 h %2 min</translation>
+    </message>
+    <message>
+        <source>%1: %2%</source>
+        <translation>%1: %2 %</translation>
+    </message>
+    <message>
+        <source>Could not use the DEM file %1: %2</source>
+        <translation>Datoteke DMR %1 ni mogoče uporabiti: %2</translation>
+    </message>
+    <message>
+        <source>Could not load the simulation %1: %2</source>
+        <translation>Simulacije %1 ni mogoče naložiti: %2</translation>
+    </message>
+    <message>
+        <source>The plant area %1,%2,%3,%4 reaches past the %5 x %6 grid.</source>
+        <translation>Območje rastlin %1,%2,%3,%4 sega čez mrežo %5 x %6.</translation>
+    </message>
+    <message>
+        <source>The plant area %1,%2,%3,%4 has no dry cell to sow plants on.</source>
+        <translation>Območje rastlin %1,%2,%3,%4 nima suhe celice, kamor bi sejali rastline.</translation>
+    </message>
+    <message>
+        <source>%1 is a folder, not a file.</source>
+        <translation>%1 je mapa, ne datoteka.</translation>
+    </message>
+    <message>
+        <source>Cannot write into the folder %1.</source>
+        <translation>V mapo %1 ni mogoče pisati.</translation>
+    </message>
+    <message>
+        <source>Cannot make the folder %1.</source>
+        <translation>Mape %1 ni mogoče ustvariti.</translation>
+    </message>
+    <message>
+        <source>Could not save %1: %2</source>
+        <translation>%1 ni mogoče shraniti: %2</translation>
+    </message>
+    <message>
+        <source>Could not write the CSV file %1.</source>
+        <translation>Datoteke CSV %1 ni mogoče zapisati.</translation>
+    </message>
+    <message>
+        <source>Step %1 of %2: %3 plants, %4 steps/s, about %5 left</source>
+        <translation>Korak %1 od %2: %3 rastlin, %4 korakov/s, še približno %5</translation>
+    </message>
+    <message>
+        <source>Interrupted. </source>
+        <translation>Prekinjeno. </translation>
+    </message>
+    <message>
+        <source>No step simulated; %1 plants living.</source>
+        <translation>Noben korak ni simuliran; živih rastlin: %1.</translation>
+    </message>
+    <message>
+        <source>Steps %1 to %2 in %3 (%4 steps/s); %5 plants living at the end, at most %6 after step %7.</source>
+        <translation>Koraki od %1 do %2 v %3 (%4 korakov/s); na koncu živih rastlin: %5, največ %6 po koraku %7.</translation>
     </message>
 </context>
 <context>

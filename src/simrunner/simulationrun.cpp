@@ -219,7 +219,7 @@ bool SimulationRun::openOutputs(QString& error) {
     csv = std::make_unique<QSaveFile>(options.csvFile);
     if (!csv->open(QIODevice::WriteOnly) ||
         !writeCsv(StatisticsCsv::header(csvComments(), int(simulation->rastlinskeVrste.size())))) {
-        error = tr("Cannot write the CSV file %1.").arg(options.csvFile);
+        error = tr("Could not write the CSV file %1.").arg(options.csvFile);
         csv.reset();
         return false;
     }
