@@ -1,5 +1,7 @@
 #include "ecosystem/simulation/data/terraindata.h"
 
+#include "ecosystem/simulation/data/progress.h"
+
 #include "support/messagecatcher.h"
 #include "support/terrain.h"
 
@@ -7,8 +9,11 @@
 #include <QtTest>
 
 #include <cmath>
+#include <cstring>
 #include <fstream>
+#include <map>
 #include <numeric>
+#include <thread>
 
 using arbo::Tocka;
 using ecosystem::Tocka2i;
@@ -275,6 +280,52 @@ private slots:
         t.buildTerrainData();
         QCOMPARE(t.terrainSunniness, sunniness);
         QCOMPARE(t.terrainMoisture, moisture);
+    }
+
+    // The layers of a grid shared out over threads are those of one thread, bit
+    // for bit; the progress of each layer climbs to its end on the calling thread.
+    void layersAreTheSameOnAnyNumberOfThreads() {
+        struct Progress {
+            int last = -1, total = 0;
+            bool rising = true, onCaller = true;
+        };
+        auto build = [](const char* threads, std::map<std::string, Progress>& progress) {
+            qputenv("VIRELA_THREADS", threads);
+            const std::thread::id caller = std::this_thread::get_id();
+            ecosystem::data::setProgressHandler([&](const std::string& task, int done, int total) {
+                Progress& p = progress[task];
+                p.rising = p.rising && done >= p.last && done <= total;
+                p.onCaller = p.onCaller && std::this_thread::get_id() == caller;
+                p.last = done;
+                p.total = total;
+            });
+            auto t = std::make_unique<CTerrainData>();
+            testterrain::reshape(*t, 131, 97, [](int x, int y) {
+                return float(200 + 90 * std::sin(x * 0.11) * std::cos(y * 0.07) +
+                             35 * std::sin(x * 0.9 + y * 1.3));
+            });
+            t->buildTerrainData();
+            ecosystem::data::setProgressHandler(nullptr);
+            qunsetenv("VIRELA_THREADS");
+            return t;
+        };
+        auto sameBits = [](const auto& a, const auto& b) {
+            return a.size() == b.size() &&
+                   std::memcmp(a.data(), b.data(), a.size() * sizeof(a[0])) == 0;
+        };
+        std::map<std::string, Progress> progressOne, progressThree;
+        const auto one = build("1", progressOne);
+        const auto three = build("3", progressThree);
+        QVERIFY(sameBits(one->terrainNormals, three->terrainNormals));
+        QVERIFY(sameBits(one->terrainInclination, three->terrainInclination));
+        QVERIFY(sameBits(one->terrainMoisture, three->terrainMoisture));
+        QVERIFY(sameBits(one->terrainSunniness, three->terrainSunniness));
+        QVERIFY(sameBits(one->terrainWindiness, three->terrainWindiness));
+        QCOMPARE(progressThree.size(), size_t(4)); // normals, moisture, sunniness, windiness
+        for (const auto& [task, p] : progressThree) {
+            QVERIFY2(p.rising && p.onCaller && p.last == p.total && p.total > 0, task.c_str());
+            QCOMPARE(progressOne[task].last, p.last);
+        }
     }
 
     void reloadDmrGoesBackTo100x100AndKeepsLupaAndWater() {
