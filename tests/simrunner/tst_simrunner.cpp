@@ -364,6 +364,33 @@ private slots:
         QCOMPARE(listing(dir.path()).size(), 3 + last / 7); // no half-written leftovers
     }
 
+    // tools/join-runs: every run's rows under one header, with the run and its seeds.
+    void joinedTableHoldsEveryRun() {
+        QTemporaryDir dir;
+        for (const char* seed : {"1", "2"})
+            QCOMPARE(
+                runSim({"--seed", seed, "--steps", "4", "--csv", QString("runs/%1.csv").arg(seed)},
+                       dir.path())
+                    .code,
+                0);
+        write(dir.filePath("other.csv"), "# seeds: 1\nstep,living\n1,0\n");
+        auto join = [&](const QStringList& tables) {
+            QProcess process;
+            process.setWorkingDirectory(dir.path());
+            process.start("sh", QStringList{VIRELA_SOURCE_DIR "/tools/join-runs"} + tables);
+            process.waitForFinished();
+            return std::make_pair(process.exitCode(), QString(process.readAllStandardOutput()));
+        };
+        const auto [code, out] = join({"runs/1.csv", "runs/2.csv"});
+        QCOMPARE(code, 0);
+        const QStringList lines = out.split('\n', Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), 1 + 2 * 4);
+        QCOMPARE(lines[0], "run,seeds," + readCsv(dir.filePath("runs/1.csv")).columns);
+        QVERIFY(lines[1].startsWith("runs/1,1 2 3 4 5 6 7 8 9 10 11 12 13,1,"));
+        QVERIFY(lines[8].startsWith("runs/2,14 15 16 17 18 19 20 21 22 23 24 25 26,4,"));
+        QCOMPARE(join({"runs/1.csv", "other.csv"}).first, 1);
+    }
+
     void helpListsEveryOptionWithAnExample() {
         const Result r = runSim({"--help"}, QDir::currentPath());
         QCOMPARE(r.code, 0);
