@@ -97,8 +97,12 @@ void SimulationRun::catchInterruptions() {
     action.sa_handler = onInterrupt;
     sigemptyset(&action.sa_mask);
     action.sa_flags = SA_RESETHAND;
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
+    for (int signalNumber : {SIGINT, SIGTERM, SIGHUP})
+        sigaction(signalNumber, &action, nullptr);
+    // A reader that went away (virela-sim | head) ends the run too; the
+    // writes still to come fail quietly instead of ending the program.
+    action.sa_flags = 0;
+    sigaction(SIGPIPE, &action, nullptr);
 }
 
 // ---- inputs ----

@@ -43,8 +43,9 @@ public:
     // not be written, 128 + the signal number when interrupted).
     int run();
 
-    // From now on Ctrl+C (SIGINT) and SIGTERM stop the run after the current
-    // step, with complete files; a second signal ends the program at once.
+    // From now on Ctrl+C (SIGINT), SIGTERM, SIGHUP and SIGPIPE stop the run
+    // after the current step, with complete files; a second SIGINT, SIGTERM
+    // or SIGHUP ends the program at once.
     static void catchInterruptions();
 
 private:

@@ -5,6 +5,10 @@
 #include <QByteArray>
 #include <QtGlobal>
 
+#ifdef __linux__
+#include <sched.h>
+#endif
+
 #include <algorithm>
 #include <atomic>
 #include <system_error>
@@ -16,6 +20,19 @@ namespace ecosystem::data {
 namespace {
 const int minVertices = 2000;
 const int maxThreads = 256;
+
+// The cores this process may run on: a batch job given two cores of a large
+// machine (taskset, a scheduler's binding) gets two threads.
+int coresOfThisProcess() {
+#ifdef __linux__
+    cpu_set_t cores;
+    CPU_ZERO(&cores);
+    if (sched_getaffinity(0, sizeof cores, &cores) == 0 && CPU_COUNT(&cores) > 0)
+        return CPU_COUNT(&cores);
+#endif
+    return int(std::thread::hardware_concurrency());
+}
+
 } // namespace
 
 int layerThreadCount() {
@@ -23,7 +40,7 @@ int layerThreadCount() {
     const int forced = qEnvironmentVariableIntValue("VIRELA_THREADS", &ok);
     if (ok && forced >= 1)
         return std::min(forced, maxThreads);
-    return std::clamp(int(std::thread::hardware_concurrency()), 1, maxThreads);
+    return std::clamp(coresOfThisProcess(), 1, maxThreads);
 }
 
 void forEachRow(int nrRows, int nrColumns, const std::string& task,

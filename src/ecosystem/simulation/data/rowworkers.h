@@ -5,9 +5,9 @@
 
 namespace ecosystem::data {
 
-// Number of threads that share the rows of a layer: one per processor core,
-// or the number in the environment variable VIRELA_THREADS (1 gives the
-// single-thread run to compare against).
+// Number of threads that share the rows of a layer: one per processor core
+// this process may use, or the number in the environment variable
+// VIRELA_THREADS (1 gives the single-thread run to compare against).
 int layerThreadCount();
 
 // Calls rowWork(y) once for every row y from 0 to nrRows - 1, spread over
