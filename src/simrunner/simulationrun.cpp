@@ -256,30 +256,33 @@ bool SimulationRun::writeCsv(const std::string& text) {
     return !csv || csv->write(text.data(), qint64(text.size())) == qint64(text.size());
 }
 
-bool SimulationRun::saveSnapshot() {
+void SimulationRun::reportFailure(const QString& text) {
+    progress.clear();
+    std::cerr << "virela-sim: " << text.toStdString() << std::endl;
+    outputFailed = true;
+}
+
+void SimulationRun::saveSnapshot() {
     const std::string written =
         simulation->autoSave(options.snapshotEvery, options.outFolder.toStdString());
     const QString told = takeMessages();
-    if (told.isEmpty())
-        return true;
-    progress.clear();
-    std::cerr
-        << "virela-sim: "
-        << tr("Could not save %1: %2").arg(QString::fromStdString(written), told).toStdString()
-        << std::endl;
-    return false;
+    if (!told.isEmpty())
+        reportFailure(tr("Could not save %1: %2").arg(QString::fromStdString(written), told));
 }
 
-bool SimulationRun::saveFinalState() {
-    if (options.saveFile.isEmpty())
-        return true;
+void SimulationRun::saveFinalState() {
+    if (options.saveFile.isEmpty() || outputFailed)
+        return;
     simulation->saveSimulation(options.saveFile.toStdString());
     const QString told = takeMessages();
-    if (told.isEmpty())
-        return true;
-    std::cerr << "virela-sim: "
-              << tr("Could not save %1: %2").arg(options.saveFile, told).toStdString() << std::endl;
-    return false;
+    if (!told.isEmpty())
+        reportFailure(tr("Could not save %1: %2").arg(options.saveFile, told));
+}
+
+// The table replaces the older one only when every write went through.
+void SimulationRun::finishCsv() {
+    if (csv && !csv->commit() && !outputFailed)
+        reportFailure(tr("Could not write the CSV file %1.").arg(options.csvFile));
 }
 
 // ---- steps ----
@@ -287,58 +290,44 @@ bool SimulationRun::saveFinalState() {
 int SimulationRun::run() {
     QElapsedTimer clock;
     clock.start();
-    double secondsPerStep = 0; // smoothed: steps slow down as plants multiply
     int done = 0;
-    bool written = true;
-    int simulated = simulation->entitiesStatistics.sumSimmTime;
-    while (done < options.steps && caughtSignal == 0 && written) {
-        QElapsedTimer stepClock;
-        stepClock.start();
-        if (progress.outputIsTerminal)
-            progress.clear();
-        simulation->simulateNextStepAndLog();
-        ++done;
-        const int stepMs = simulation->entitiesStatistics.sumSimmTime - simulated;
-        simulated = simulation->entitiesStatistics.sumSimmTime;
-        written = writeCsv(StatisticsCsv::row(*simulation, stepMs));
-        if (!written) {
-            progress.clear();
-            std::cerr << "virela-sim: "
-                      << tr("Could not write the CSV file %1.").arg(options.csvFile).toStdString()
-                      << std::endl;
-        }
-        written = written && saveSnapshot();
-        const int living = livingPlants(*simulation);
-        if (living > mostPlants || done == 1) {
-            mostPlants = living;
-            mostPlantsStep = simulation->simulationStepNr;
-        }
-        const double seconds = stepClock.nsecsElapsed() / 1e9;
-        secondsPerStep = done == 1 ? seconds : 0.7 * secondsPerStep + 0.3 * seconds;
-        showStepProgress(done, secondsPerStep);
-    }
+    while (done < options.steps && caughtSignal == 0 && !outputFailed)
+        simulateStep(++done);
     progress.clear();
     const int signalNumber = caughtSignal;
-    if (written)
-        written = saveFinalState();
-    if (csv) {
-        // After a failed write the older table stays as it was.
-        if (!written && csv->error() != QFileDevice::NoError)
-            csv->cancelWriting();
-        if (!csv->commit() && csv->error() != QFileDevice::NoError && written) {
-            std::cerr << "virela-sim: "
-                      << tr("Could not write the CSV file %1.").arg(options.csvFile).toStdString()
-                      << std::endl;
-            written = false;
-        }
-    }
+    saveFinalState();
+    finishCsv();
     printSummary(done, clock.nsecsElapsed() / 1e9, signalNumber);
-    if (!written)
+    if (outputFailed)
         return 1;
     return signalNumber != 0 ? 128 + signalNumber : 0;
 }
 
-void SimulationRun::showStepProgress(int done, double secondsPerStep) {
+// Step number done of this run: the step, its row, its snapshot, the progress.
+void SimulationRun::simulateStep(int done) {
+    QElapsedTimer stepClock;
+    stepClock.start();
+    if (progress.outputIsTerminal)
+        progress.clear();
+    const int simulatedBefore = simulation->entitiesStatistics.sumSimmTime;
+    simulation->simulateNextStepAndLog();
+    const int stepMs = simulation->entitiesStatistics.sumSimmTime - simulatedBefore;
+    if (!writeCsv(StatisticsCsv::row(*simulation, stepMs)))
+        reportFailure(tr("Could not write the CSV file %1.").arg(options.csvFile));
+    else
+        saveSnapshot();
+    const int living = livingPlants(*simulation);
+    if (living > mostPlants || done == 1) {
+        mostPlants = living;
+        mostPlantsStep = simulation->simulationStepNr;
+    }
+    // Smoothed: steps slow down as the plants multiply.
+    const double seconds = stepClock.nsecsElapsed() / 1e9;
+    secondsPerStep = done == 1 ? seconds : 0.7 * secondsPerStep + 0.3 * seconds;
+    showStepProgress(done);
+}
+
+void SimulationRun::showStepProgress(int done) {
     const double perSecond = secondsPerStep > 0 ? 1.0 / secondsPerStep : 0.0;
     progress.show(tr("Step %1 of %2: %3 plants, %4 steps/s, about %5 left")
                       .arg(simulation->simulationStepNr)

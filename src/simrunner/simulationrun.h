@@ -55,9 +55,12 @@ private:
     bool applyAreaAndSeeds(QString& error);
     std::vector<std::string> csvComments() const;
     bool writeCsv(const std::string& text);
-    bool saveSnapshot();
-    bool saveFinalState();
-    void showStepProgress(int done, double secondsPerStep);
+    void reportFailure(const QString& text);
+    void saveSnapshot();
+    void saveFinalState();
+    void finishCsv();
+    void simulateStep(int done);
+    void showStepProgress(int done);
     void printSummary(int done, double seconds, int caughtSignal) const;
 
     const RunOptions& options;
@@ -66,8 +69,10 @@ private:
     std::unique_ptr<QSaveFile> csv;
     ProgressLine progress;
     std::vector<std::string> messages; // told to the user by the layers below
+    bool outputFailed = false;         // an output could not be written; reported
     int firstStep = 0;
     int mostPlants = 0, mostPlantsStep = 0;
+    double secondsPerStep = 0;
     std::vector<unsigned long long> startSeeds;
 };
 
