@@ -331,7 +331,7 @@ void SimulationRun::showStepProgress(int done) {
     const double perSecond = secondsPerStep > 0 ? 1.0 / secondsPerStep : 0.0;
     progress.show(tr("Step %1 of %2: %3 plants, %4 steps/s, about %5 left")
                       .arg(simulation->simulationStepNr)
-                      .arg(firstStep + options.steps - 1)
+                      .arg(qint64(firstStep) + options.steps - 1)
                       .arg(livingPlants(*simulation))
                       .arg(perSecond, 0, 'f', 1)
                       .arg(duration(secondsPerStep * (options.steps - done))),
