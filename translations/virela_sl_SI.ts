@@ -301,6 +301,170 @@
         <source>Move backward less</source>
         <translation>Manjši premik nazaj</translation>
     </message>
+    <message>
+        <source>L&amp;oad tree parameters</source>
+        <translation>&amp;Naloži parametre drevesa</translation>
+    </message>
+    <message>
+        <source>&amp;Save tree parameters</source>
+        <translation>&amp;Shrani parametre drevesa</translation>
+    </message>
+    <message>
+        <source>&amp;Import tree 2.x parameters</source>
+        <translation>&amp;Uvozi parametre drevesa 2.x</translation>
+    </message>
+    <message>
+        <source>Export current tree geometry as &amp;vertices</source>
+        <translation>Izvozi geometrijo drevesa kot &amp;oglišča</translation>
+    </message>
+    <message>
+        <source>Export current tree as OB&amp;J…</source>
+        <translation>Izvozi drevo kot OB&amp;J …</translation>
+    </message>
+    <message>
+        <source>Export current tree as Latex formulas</source>
+        <translation>Izvozi drevo kot formule LaTeX</translation>
+    </message>
+    <message>
+        <source>Load DEM terrain model</source>
+        <translation>Naloži model terena DMR</translation>
+    </message>
+    <message>
+        <source>Set sky textures</source>
+        <translation>Nastavi teksture neba</translation>
+    </message>
+    <message>
+        <source>Export &amp;window image</source>
+        <translation>Izvozi sliko &amp;okna</translation>
+    </message>
+    <message>
+        <source>&amp;Export custom resolution image</source>
+        <translation>&amp;Izvozi sliko poljubne ločljivosti</translation>
+    </message>
+    <message>
+        <source>Ani&amp;mation rendering mode (sequence export)</source>
+        <translation>Način izrisa ani&amp;macije (izvoz zaporedja)</translation>
+    </message>
+    <message>
+        <source>Load &amp;bark texture</source>
+        <translation>Naloži teksturo &amp;lubja</translation>
+    </message>
+    <message>
+        <source>Load lea&amp;f texture</source>
+        <translation>Naloži teksturo &amp;listov</translation>
+    </message>
+    <message>
+        <source>Design &amp;strand distribution</source>
+        <translation>Oblikuj porazdelitev &amp;žil</translation>
+    </message>
+    <message>
+        <source>Design &amp;branching angles</source>
+        <translation>Oblikuj &amp;kote razvejitve</translation>
+    </message>
+    <message>
+        <source>Design branch absolute minimal &amp;length</source>
+        <translation>Oblikuj absolutno najmanjšo &amp;dolžino vej</translation>
+    </message>
+    <message>
+        <source>Design branch absolute maximal length</source>
+        <translation>Oblikuj absolutno največjo dolžino vej</translation>
+    </message>
+    <message>
+        <source>Design branch lenght s&amp;caling</source>
+        <translation>Oblikuj &amp;skaliranje dolžine vej</translation>
+    </message>
+    <message>
+        <source>Design &amp;gravimorphism impact distribution</source>
+        <translation>Oblikuj porazdelitev vpliva &amp;gravimorfizma</translation>
+    </message>
+    <message>
+        <source>&amp;Advanced tree &amp;properties</source>
+        <translation>&amp;Napredne lastnosti drevesa</translation>
+    </message>
+    <message>
+        <source>&amp;Undo design edit</source>
+        <translation>&amp;Razveljavi spremembo oblike</translation>
+    </message>
+    <message>
+        <source>Re&amp;do design edit</source>
+        <translation>&amp;Uveljavi spremembo oblike</translation>
+    </message>
+    <message>
+        <source>Show frame &amp;rate</source>
+        <translation>Prikaži hit&amp;rost izrisa</translation>
+    </message>
+    <message>
+        <source>&amp;Lighting enabled</source>
+        <translation>&amp;Osvetlitev vključena</translation>
+    </message>
+    <message>
+        <source>Display &amp;background sky</source>
+        <translation>Prikaži &amp;nebo v ozadju</translation>
+    </message>
+    <message>
+        <source>Render &amp;wireframe</source>
+        <translation>Izriši &amp;žičnati model</translation>
+    </message>
+    <message>
+        <source>Display lea&amp;ves</source>
+        <translation>Prikaži &amp;liste</translation>
+    </message>
+    <message>
+        <source>Colour &amp;uppon tree branches</source>
+        <translation>O&amp;barvaj veje drevesa</translation>
+    </message>
+    <message>
+        <source>&amp;High quality tree rendering (more polygons)</source>
+        <translation>&amp;Kakovosten izris drevesa (več poligonov)</translation>
+    </message>
+    <message>
+        <source>Do not draw &amp;trees (ecosystem mode)</source>
+        <translation>Ne izrisuj &amp;dreves (ekosistem)</translation>
+    </message>
+    <message>
+        <source>Do not refresh &amp;display, only run simulation (ecosystem mode)</source>
+        <translation>Ne osvežuj &amp;prikaza, le simuliraj (ekosistem)</translation>
+    </message>
+    <message>
+        <source>Fast distant trees</source>
+        <translation>Hitra oddaljena drevesa</translation>
+    </message>
+    <message>
+        <source>Show ecologic neighb&amp;orhood (ecosystem mode)</source>
+        <translation>Prikaži ekološko &amp;soseščino (ekosistem)</translation>
+    </message>
+    <message>
+        <source>Display terrain l&amp;and markings (South, North, East, West)</source>
+        <translation>Prikaži &amp;oznake strani neba na terenu (jug, sever, vzhod, zahod)</translation>
+    </message>
+    <message>
+        <source>Display terrain &amp;normals</source>
+        <translation>Prikaži &amp;normale terena</translation>
+    </message>
+    <message>
+        <source>Display terrain &amp;inclination</source>
+        <translation>Prikaži &amp;naklon terena</translation>
+    </message>
+    <message>
+        <source>Display terrain &amp;moisture</source>
+        <translation>Prikaži &amp;vlažnost terena</translation>
+    </message>
+    <message>
+        <source>Display terrain &amp;sunniness</source>
+        <translation>Prikaži &amp;osončenost terena</translation>
+    </message>
+    <message>
+        <source>Display terrain &amp;windiness</source>
+        <translation>Prikaži &amp;vetrovnost terena</translation>
+    </message>
+    <message>
+        <source>Display sun</source>
+        <translation>Prikaži sonce</translation>
+    </message>
+    <message>
+        <source>Show &amp;statistics</source>
+        <translation>Prikaži &amp;statistiko</translation>
+    </message>
 </context>
 <context>
     <name>NavigationPanel</name>

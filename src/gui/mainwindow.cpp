@@ -17,6 +17,14 @@ namespace gui {
 
 using ecosystem::render::EcosystemRender;
 
+// Binds each action of the list to its receiver's slot.
+template <class Receiver>
+void MainWindow::bindActions(
+    Receiver* receiver, std::initializer_list<std::pair<QAction*, void (Receiver::*)()>> rows) {
+    for (const auto& [action, slot] : rows)
+        connect(action, &QAction::triggered, receiver, slot);
+}
+
 MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
     ui.setupUi(this);
     oglWidget = new OglWidget(ui.dockWidget, nullptr);
@@ -24,6 +32,18 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
     connect(oglWidget, &OglWidget::newGlContextInitialized, this,
             &MainWindow::newGlContextInitialized);
     ui.dockWidget->setWidget(oglWidget);
+    bindWindowActions();
+}
+
+// The actions the window carries out itself; bound before any scene exists.
+void MainWindow::bindWindowActions() {
+    bindActions<MainWindow>(
+        this, {{ui.actionAdd_view, &MainWindow::on_actionAdd_view_triggered},
+               {ui.actionSet_plant_area, &MainWindow::on_actionSet_plant_area_triggered},
+               {ui.actionEdit_random_generator_seeds,
+                &MainWindow::on_actionEdit_random_generator_seeds_triggered},
+               {ui.actionAbout, &MainWindow::on_actionAbout_triggered},
+               {ui.actionUsage, &MainWindow::on_actionUsage_triggered}});
 }
 
 MainWindow::~MainWindow() {
@@ -54,12 +74,10 @@ void MainWindow::bindFileHandler() {
     fileHandler = new FileHandler(this, currentModel, oglWidget);
     connect(fileHandler, &FileHandler::reloadCurrentTreeTextures, currentModel,
             &EcosystemRender::reloadCurrentTreeTextures);
-    connect(ui.actionLoad_simulation, &QAction::triggered, fileHandler,
-            &FileHandler::actionLoad_simulation);
-    connect(ui.actionSave_simulation, &QAction::triggered, fileHandler,
-            &FileHandler::actionSave_simulation);
-    connect(ui.actionAutosave_simulation, &QAction::triggered, fileHandler,
-            &FileHandler::actionAutosave_simulation);
+    using F = FileHandler;
+    bindActions<F>(fileHandler, {{ui.actionLoad_simulation, &F::actionLoad_simulation},
+                                 {ui.actionSave_simulation, &F::actionSave_simulation},
+                                 {ui.actionAutosave_simulation, &F::actionAutosave_simulation}});
 }
 
 void MainWindow::bindTimeKeeper() {
@@ -67,8 +85,10 @@ void MainWindow::bindTimeKeeper() {
     timeKeeper = new TimeKeeper(this, currentModel);
     connect(timeKeeper, &TimeKeeper::updateSimulationAndGL, currentModel,
             &EcosystemRender::simulateNextStepAndUpdateGL);
-    connect(ui.actionRun_simulation, &QAction::triggered, timeKeeper,
-            &TimeKeeper::toggleRunSimulation);
+    bindActions<TimeKeeper>(timeKeeper,
+                            {{ui.actionRun_simulation, &TimeKeeper::toggleRunSimulation},
+                             {ui.actionAnimation_rendering_mode_Sequence_export,
+                              &TimeKeeper::toggleAnimationExportingMode}});
     connect(currentModel, &EcosystemRender::startTreeAnimation, timeKeeper,
             &actionhandling::TimeKeeper::startTreeAnimation);
     connect(currentModel, &EcosystemRender::stopTreeAnimation, timeKeeper,
@@ -76,22 +96,18 @@ void MainWindow::bindTimeKeeper() {
 }
 
 void MainWindow::bindSceneActions() {
-    connect(ui.actionSelect_next_tree_parameters_tree_edit_mode, &QAction::triggered, currentModel,
-            &EcosystemRender::selectNextTreeSpecies);
-    connect(ui.actionEnlarge_leave_size, &QAction::triggered, currentModel,
-            &EcosystemRender::actionEnlarge_leave_size);
-    connect(ui.actionReduce_leave_size, &QAction::triggered, currentModel,
-            &EcosystemRender::actionReduce_leave_size);
-    connect(ui.actionGrow_tree, &QAction::triggered, currentModel,
-            &EcosystemRender::actionGrow_tree);
-    connect(ui.actionSpin_tree, &QAction::triggered, currentModel,
-            &EcosystemRender::actionSpin_tree);
-    connect(ui.actionSway_tree_in_wind, &QAction::triggered, currentModel,
-            &EcosystemRender::actionSway_tree_in_wind);
-    connect(ui.actionCompute_more_simulation_steps_per_one_rendered_frame, &QAction::triggered,
-            currentModel, &EcosystemRender::actionRender_less_often_skip_more_frames);
-    connect(ui.actionCompute_less_simulation_steps_per_one_rendered_frame, &QAction::triggered,
-            currentModel, &EcosystemRender::actionRender_more_often_skip_less_frames);
+    using S = EcosystemRender;
+    bindActions<S>(currentModel, {{ui.actionSelect_next_tree_parameters_tree_edit_mode,
+                                   &S::selectNextTreeSpecies},
+                                  {ui.actionEnlarge_leave_size, &S::actionEnlarge_leave_size},
+                                  {ui.actionReduce_leave_size, &S::actionReduce_leave_size},
+                                  {ui.actionGrow_tree, &S::actionGrow_tree},
+                                  {ui.actionSpin_tree, &S::actionSpin_tree},
+                                  {ui.actionSway_tree_in_wind, &S::actionSway_tree_in_wind},
+                                  {ui.actionCompute_more_simulation_steps_per_one_rendered_frame,
+                                   &S::actionRender_less_often_skip_more_frames},
+                                  {ui.actionCompute_less_simulation_steps_per_one_rendered_frame,
+                                   &S::actionRender_more_often_skip_less_frames}});
 }
 
 void MainWindow::bindViewHandler() {
@@ -100,45 +116,44 @@ void MainWindow::bindViewHandler() {
             &actionhandling::ViewHandler::actionShow_ecosystem);
 }
 
-// Every navigation action reaches the handler's slot of the same name.
 void MainWindow::bindNavigationHandler() {
     using actionhandling::NavigationHandler;
+    using N = NavigationHandler;
     navigationHandler = new NavigationHandler(this, currentModel);
-    const QList<QAction*> actions = {
-        ui.action_Navigation_panel,
-        ui.actionSwitch_to_next_predefined_camera,
-        ui.actionSave_camera_as_predefined,
-        ui.actionReset_camera_view,
-        ui.actionKeep_camera_position_above_terrain_surface_ecosystem_mode,
-        ui.actionForce_camera_position_at_terrain_surface_ecosystem_mode,
-        ui.actionMove_up,
-        ui.actionMove_down,
-        ui.actionMove_left,
-        ui.actionMove_right,
-        ui.actionMove_forward,
-        ui.actionMove_backward,
-        ui.actionRotate_left,
-        ui.actionRotate_right,
-        ui.actionRotate_up,
-        ui.actionRotate_down,
-        ui.actionRotate_in,
-        ui.actionRotate_out,
-        ui.actionMove_up_more,
-        ui.actionMove_down_more,
-        ui.actionMove_left_more,
-        ui.actionMove_right_more,
-        ui.actionMove_forward_more,
-        ui.actionMove_backward_more,
-        ui.actionMove_up_less,
-        ui.actionMove_down_less,
-        ui.actionMove_left_less,
-        ui.actionMove_right_less,
-        ui.actionMove_forward_less,
-        ui.actionMove_backward_less};
-    for (QAction* action : actions) {
-        const QByteArray slot = "1" + action->objectName().toLatin1() + "()";
-        connect(action, SIGNAL(triggered()), navigationHandler, slot.constData());
-    }
+    bindActions<N>(
+        navigationHandler,
+        {{ui.action_Navigation_panel, &N::action_Navigation_panel},
+         {ui.actionSwitch_to_next_predefined_camera, &N::actionSwitch_to_next_predefined_camera},
+         {ui.actionSave_camera_as_predefined, &N::actionSave_camera_as_predefined},
+         {ui.actionReset_camera_view, &N::actionReset_camera_view},
+         {ui.actionKeep_camera_position_above_terrain_surface_ecosystem_mode,
+          &N::actionKeep_camera_position_above_terrain_surface_ecosystem_mode},
+         {ui.actionForce_camera_position_at_terrain_surface_ecosystem_mode,
+          &N::actionForce_camera_position_at_terrain_surface_ecosystem_mode},
+         {ui.actionMove_up, &N::actionMove_up},
+         {ui.actionMove_down, &N::actionMove_down},
+         {ui.actionMove_left, &N::actionMove_left},
+         {ui.actionMove_right, &N::actionMove_right},
+         {ui.actionMove_forward, &N::actionMove_forward},
+         {ui.actionMove_backward, &N::actionMove_backward},
+         {ui.actionRotate_left, &N::actionRotate_left},
+         {ui.actionRotate_right, &N::actionRotate_right},
+         {ui.actionRotate_up, &N::actionRotate_up},
+         {ui.actionRotate_down, &N::actionRotate_down},
+         {ui.actionRotate_in, &N::actionRotate_in},
+         {ui.actionRotate_out, &N::actionRotate_out},
+         {ui.actionMove_up_more, &N::actionMove_up_more},
+         {ui.actionMove_down_more, &N::actionMove_down_more},
+         {ui.actionMove_left_more, &N::actionMove_left_more},
+         {ui.actionMove_right_more, &N::actionMove_right_more},
+         {ui.actionMove_forward_more, &N::actionMove_forward_more},
+         {ui.actionMove_backward_more, &N::actionMove_backward_more},
+         {ui.actionMove_up_less, &N::actionMove_up_less},
+         {ui.actionMove_down_less, &N::actionMove_down_less},
+         {ui.actionMove_left_less, &N::actionMove_left_less},
+         {ui.actionMove_right_less, &N::actionMove_right_less},
+         {ui.actionMove_forward_less, &N::actionMove_forward_less},
+         {ui.actionMove_backward_less, &N::actionMove_backward_less}});
     connect(navigationHandler, &NavigationHandler::startCameraAnimation, timeKeeper,
             &actionhandling::TimeKeeper::startCameraAnimation);
     connect(navigationHandler, &NavigationHandler::stopCameraAnimation, timeKeeper,

@@ -5,6 +5,9 @@
 #include <QList>
 #include <QMainWindow>
 
+#include <initializer_list>
+#include <utility>
+
 namespace ecosystem::render {
 class EcosystemRender;
 }
@@ -51,6 +54,10 @@ public slots:
     void cycleView();
 
 private:
+    template <class Receiver>
+    void bindActions(Receiver* receiver,
+                     std::initializer_list<std::pair<QAction*, void (Receiver::*)()>> rows);
+    void bindWindowActions();
     void bindFileHandler();
     void bindTimeKeeper();
     void bindSceneActions();
