@@ -113,8 +113,16 @@ bool SimulationRun::prepare(QString& error) {
     simulation->setTerrainData(*terrain);
     if (!loadTerrain(error))
         return false;
-    // The vegetation and the layers, as the window program's first step makes them.
-    simulation->zagotoviInicializiranostSimulacije();
+    // The vegetation and the layers, as the window program's first step makes
+    // them. The window program loads a file only into a simulation that has
+    // run, so before a load one step is taken silently, as F5 pressed once: the
+    // load replaces its plants and streams, and the seed count its growth left
+    // (the same after any of the first three steps) is what the window
+    // program's first step after the load sows from.
+    if (options.loadFile.isEmpty())
+        simulation->zagotoviInicializiranostSimulacije();
+    else
+        simulation->simulateNextStep();
     progress.clear();
     if (!loadSimulation(error) || !applyAreaAndSeeds(error))
         return false;

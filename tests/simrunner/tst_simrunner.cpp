@@ -249,8 +249,8 @@ private slots:
         QVERIFY(r.err.startsWith("Steps 1 to 36 in "));
     }
 
-    // A saved run continues as the window program continues it: loaded into
-    // a simulation whose species exist, then stepped.
+    // A saved run continues as the window program continues it: loaded after
+    // a first step (F5 once), then stepped.
     void loadedRunContinuesAsTheWindowProgramsDoes() {
         QTemporaryDir dir;
         QCOMPARE(runSim({"--steps", "20", "--snapshot-every", "10", "--out", "a"}, dir.path()).code,
@@ -263,7 +263,7 @@ private slots:
 
         WindowRun window;
         window.terrain.buildTerrainData();
-        window.simulation->zagotoviInicializiranostSimulacije();
+        window.simulation->simulateNextStep();
         window.simulation->loadSimulation(dir.filePath("a/10.sim").toStdString());
         window.step(12, -1, {});
         window.simulation->saveSimulation(dir.filePath("window.sim").toStdString());
