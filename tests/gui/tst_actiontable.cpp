@@ -258,47 +258,7 @@ private slots:
                 unbound << r.name;
         }
         // Rows whose handlers are still being written; this list only shrinks.
-        QStringList notYetBound = {
-            "actionLoad_parameters",
-            "actionSave_parameters",
-            "actionImport_tree_2_x_parameters",
-            "actionExport_current_tree_geometry_as_vertices",
-            "actionExport_current_tree_as_OBJ",
-            "actionExport_current_tree_as_Latex_formulas",
-            "actionLoad_DEM_terrain_model",
-            "actionSet_sky_textures",
-            "actionExport_window_image",
-            "actionExport_custom_resolution_image",
-            "actionLoad_bark_texture",
-            "actionLoadleaf_texture",
-            "actionDesign_strand_distribution",
-            "actionDesign_branching_angles",
-            "actionDesign_branch_absolute_minimal_length",
-            "actionDesign_branch_absolute_maximal_length",
-            "actionDesign_branch_lenght_scaling",
-            "actionDesign_gravimorphism_impact_distribution",
-            "actionAdvanced_tree_properties",
-            "actionUndo_design_edit",
-            "actionRedo_design_edit",
-            "actionShow_frame_rate",
-            "actionLighting_enabled",
-            "actionDisplay_background_sky",
-            "actionRender_wireframe",
-            "actionDisplay_leaves",
-            "actionColour_uppon",
-            "actionHigh_quality_rendering_more_polygons",
-            "actionDo_not_draw_trees_ecosystem_mode",
-            "actionDo_not_refresh_display_only_run_simulation_ecosystem_mode",
-            "actionFast_distant_trees",
-            "actionShow_ecologic_neighborhood_ecosystem_mode",
-            "actionDisplay_terrain_land_markings_S_N_E_W",
-            "actionDisplay_terrain_normals",
-            "actionDisplay_terrain_inclination",
-            "actionDisplay_terrain_moisture",
-            "actionDisplay_terrain_sunniness",
-            "actionDisplay_terrain_windiness",
-            "actionDisplay_sun",
-            "actionShow_statistics"};
+        QStringList notYetBound = {"actionFast_distant_trees"};
         std::sort(unbound.begin(), unbound.end());
         std::sort(notYetBound.begin(), notYetBound.end());
         QCOMPARE(unbound.join("\n"), notYetBound.join("\n"));

@@ -210,18 +210,6 @@ private slots:
         QCOMPARE(scene->simulationStepsPerRenderedFrame, 2);
     }
 
-    void showEcosystemSwitchesModes() {
-        MainWindow w;
-        QVERIFY(showWithScene(w));
-        QVERIFY(!w.currentModel->isSingleRender());
-        QVERIFY(w.ui.actionShow_ecosystem->isChecked());
-        w.ui.actionShow_ecosystem->trigger();
-        QVERIFY(w.currentModel->isSingleRender());
-        QVERIFY(!w.ui.actionShow_ecosystem->isChecked());
-        w.ui.actionShow_ecosystem->trigger();
-        QVERIFY(!w.currentModel->isSingleRender());
-    }
-
     void quitClosesTheWindow() {
         MainWindow w;
         w.show();

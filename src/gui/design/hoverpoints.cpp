@@ -39,7 +39,9 @@ QRectF HoverPoints::boundingRect() const {
     return bounds.isEmpty() ? QRectF(widget->rect()) : bounds;
 }
 
+// New points end any drag: the dragged index would name another point.
 void HoverPoints::setPoints(const QPolygonF& points) {
+    currentIndex = -1;
     pointList.clear();
     for (const QPointF& p : points)
         pointList << boundPoint(p, boundingRect(), 0);

@@ -28,7 +28,7 @@ public:
 
     HoverPoints(QWidget* widget, PointShape shape);
 
-    // Moves each point into the bounds and unlocks every point.
+    // Moves each point into the bounds, unlocks every point and ends a drag.
     void setPoints(const QPolygonF& points);
     const QPolygonF& points() const { return pointList; }
     void setEnabled(bool on) { enabled = on; }
