@@ -56,8 +56,9 @@ void EcosystemRender::initModelObjects() {
         terrainData->buildTerrainData();
 }
 
-// Five species trees from the collection (relative to the working directory;
-// a missing file leaves the default parameters) and the default tree.
+// Five species trees from the collection (relative to the working directory)
+// and the default tree. A species file that cannot be loaded leaves its tree
+// with the default parameters; one message names every such file and why.
 void EcosystemRender::createModelTrees() {
     const char* files[] = {"bin/zbirka-4/grm5.tree.xml",
                            "bin/zbirka-4/Vrba Zalujka (Salix Babylonica).tree.xml",
@@ -65,13 +66,25 @@ void EcosystemRender::createModelTrees() {
                            "bin/zbirka-4/smrekaMini.tree.xml",
                            "bin/zbirka-4/manjseDefault100_vecjiListi.tree.xml",
                            ""};
+    QString failed;
     for (const char* file : files) {
         auto* tree = new arbo::Arbo();
         tree->createKvadraticnePloskve();
-        tree->pdPrepared.loadParameters(file);
+        std::string reason;
+        if (!tree->pdPrepared.loadParameters(file, &reason) && *file)
+            failed += QString("\n%1: %2")
+                          .arg(QString::fromLocal8Bit(file), QString::fromStdString(reason));
         izglediDrevesnihVrst.push_back(tree);
     }
     selectTree(5);
+    if (!failed.isEmpty())
+        arbo::showUserMessage(
+            QCoreApplication::translate("EcosystemRender", "Error").toStdString(),
+            (QCoreApplication::translate("EcosystemRender", "Could not open file.") + failed +
+             "\n" +
+             QCoreApplication::translate("EcosystemRender",
+                                         "These species are drawn with the default tree."))
+                .toStdString());
 }
 
 void EcosystemRender::selectTree(int index) {
@@ -455,8 +468,10 @@ void EcosystemRender::loadSimulation(std::string fileName) {
     emit nrPlantsLivingChanged();
 }
 
+// A rejected file leaves the terrain as it was: nothing to repaint then.
 void EcosystemRender::reloadDMR(std::string fileName) {
-    terrainData->reloadDMR(fileName.c_str());
+    if (terrainData->reloadDMR(fileName.c_str()))
+        emit modelDataChanged();
 }
 
 } // namespace ecosystem::render

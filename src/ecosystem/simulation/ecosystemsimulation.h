@@ -72,6 +72,7 @@ public:
 
 private:
     void prevzemiSimulacijo(const CSimulationFile& vsebina);
+    void povejCeNiSuhihCelic();
     int steviloCelic() const;
     void izprazniIndeksCelic();
     void napolniIndeksCelic();

@@ -2,12 +2,15 @@
 #include "arbo/usermessage.h"
 #include "ecosystem/render/camera.h"
 #include "ecosystem/render/ecosystemrender.h"
+#include "ecosystem/simulation/data/terraindata.h"
 #include "support/glcontext.h"
 #include "support/messagecatcher.h"
 
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QImage>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
@@ -26,6 +29,52 @@ private slots:
         QVERIFY(gl.createWithViewState());
         // The working directory has no tree collection: six default trees.
         scene = std::make_unique<EcosystemRender>(&gl.context, nullptr);
+        QCOMPARE(catcher.messages.size(), size_t(1)); // naming the five files
+    }
+
+    // A bad species file is named, with its reason, in one message; its
+    // species keeps the default tree and the others load.
+    void badSpeciesFileIsNamedAndTheOthersLoad() {
+        QTemporaryDir dir;
+        QVERIFY(QDir(dir.path()).mkpath("bin/zbirka-4"));
+        const QString from = VIRELA_SOURCE_DIR "/bin/zbirka-4/";
+        for (const QString& f : QDir(from).entryList(QDir::Files))
+            QVERIFY(QFile::copy(from + f, dir.filePath("bin/zbirka-4/" + f)));
+        const QString bad = dir.filePath("bin/zbirka-4/javorVelikZgorajGost.tree.xml");
+        QFile f(bad);
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        QByteArray text = f.readAll();
+        f.close();
+        text.replace("\n600\t", "\n2147483647\t");
+        QVERIFY(QFile::remove(bad) && f.open(QIODevice::WriteOnly) && f.write(text) > 0);
+        f.close();
+        const QString here = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(dir.path()));
+        catcher.messages.clear();
+        EcosystemRender other(&gl.context, nullptr);
+        QDir::setCurrent(here);
+        QCOMPARE(catcher.lines(),
+                 std::vector<std::string>{
+                     "Error: Could not open file.\nbin/zbirka-4/javorVelikZgorajGost.tree.xml: "
+                     "line 3: the strand count 2147483647 lies outside 0 to 10000\nThese species "
+                     "are drawn with the default tree."});
+        const int strands[6] = {400, 500, 1000, 700, 250, 1000};
+        for (int i = 0; i < 6; ++i)
+            QCOMPARE(other.izglediDrevesnihVrst[i]->pdPrepared.stVsehZil, strands[i]);
+    }
+
+    // Only a DEM that loads changes the terrain and repaints the views.
+    void rejectedDemRepaintsNothing() {
+        QSignalSpy repaint(scene.get(), &EcosystemRender::modelDataChanged);
+        catcher.messages.clear();
+        const QImage* ortho = scene->getTerrainData()->ortofotoTexture.get();
+        scene->reloadDMR("/no/such/terrain.dmr");
+        QCOMPARE(repaint.count(), 0);
+        QCOMPARE(catcher.messages.size(), size_t(1));
+        QCOMPARE(scene->getTerrainData()->ortofotoTexture.get(), ortho);
+        scene->reloadDMR(":/gui/textures/100x100.dmr");
+        QCOMPARE(repaint.count(), 1);
+        QVERIFY(scene->getTerrainData()->ortofotoTexture.get() != ortho);
     }
 
     void startsInEcosystemModeWithTheSixthTree() {
