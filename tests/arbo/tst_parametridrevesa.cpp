@@ -202,6 +202,10 @@ private slots:
             << "line 3: the leaf density 2147483647 lies outside 0 to 30";
         QTest::newRow("leaf type 5") << skalarji("100 5 0.01 85 0.3 1 0.1 5 1.5 5")
                                      << "line 3: the leaf type 5 lies outside 0 to 4";
+        // A token is kept to 64 characters, and is then no number whatever follows.
+        QTest::newRow("a hundred digits")
+            << skalarji(std::string(100, '1') + " 5 0.01 85 0.3 1 0.1 5 1.5 0")
+            << "line 3: \"" + QString(64, '1') + "\" is not a valid strand count";
         QTest::newRow("not a number") << skalarji("100 nan 0.01 85 0.3 1 0.1 5 1.5 0")
                                       << "line 3: \"nan\" is not a valid trunk height";
         QTest::newRow("beyond double range")

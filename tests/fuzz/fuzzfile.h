@@ -36,9 +36,17 @@ public:
           mapa(QDir("/dev/shm").exists() ? "/dev/shm/virela-fuzz-XXXXXX"
                                          : QDir::tempPath() + "/virela-fuzz-XXXXXX") {
         arbo::setUserMessageHandler([](const std::string&, const std::string&) { ++stSporocil(); });
-        std::cout.rdbuf(tiho.rdbuf());
-        std::cerr.rdbuf(tiho.rdbuf());
+        staroOut = std::cout.rdbuf(tiho.rdbuf());
+        staroErr = std::cerr.rdbuf(tiho.rdbuf());
     }
+    // The streams outlive this object: they get their own buffers back.
+    ~Okolje() {
+        std::cout.rdbuf(staroOut);
+        std::cerr.rdbuf(staroErr);
+        arbo::setUserMessageHandler(nullptr);
+    }
+    Okolje(const Okolje&) = delete;
+    Okolje& operator=(const Okolje&) = delete;
 
     // data written to a file of this name; the same path every time.
     std::string zapisi(const std::uint8_t* data, size_t size, const char* ime) {
@@ -63,6 +71,8 @@ private:
     QCoreApplication app;
     QTemporaryDir mapa;
     std::ostringstream tiho;
+    std::streambuf* staroOut = nullptr;
+    std::streambuf* staroErr = nullptr;
 };
 
 // A broken promise: said on the real standard error, then the run stops.

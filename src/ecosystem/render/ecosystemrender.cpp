@@ -11,6 +11,7 @@
 #include "ecosystem/simulation/ecosystemsimulation.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QImage>
 
 #include <GL/gl.h>
@@ -116,8 +117,12 @@ void EcosystemRender::reloadCurrentTreeTextures() {
         QString::fromStdString(izbranoArbo->pdPrepared.barkTextureFileName).replace('\\', '/');
     const QString leafName =
         QString::fromStdString(izbranoArbo->pdPrepared.leafTextureFileName).replace('\\', '/');
-    QImage bark(barkName), leaf;
-    if (bark.isNull() || !leaf.load(leafName)) {
+    // Only regular files: a device or a pipe that a tree file names might never end.
+    auto load = [](QImage& image, const QString& name) {
+        return QFileInfo(name).isFile() && image.load(name);
+    };
+    QImage bark, leaf;
+    if (!load(bark, barkName) || !load(leaf, leafName)) {
         arbo::showUserMessage(
             QCoreApplication::translate("EcosystemRender", "Error").toStdString(),
             QCoreApplication::translate("EcosystemRender", "Could not open bark texture file.")

@@ -15,6 +15,8 @@
 
 #include <memory>
 
+#include <sys/stat.h>
+
 using ecosystem::render::EcosystemRender;
 
 // The scene's own behaviour: its trees, switches and tree actions.
@@ -167,13 +169,26 @@ private slots:
         QCOMPARE(image.pixel(3, 0), qRgba(30, 120, 40, 255));
     }
 
+    // A missing file, or a pipe that would never end (a tree file may name
+    // anything), keeps the old textures.
+    void missingTextureKeepsTheOldOnesAndSaysSo_data() {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("missing") << "no/such/bark.jpg";
+        QTest::newRow("a pipe") << "@fifo";
+    }
     void missingTextureKeepsTheOldOnesAndSaysSo() {
+        QFETCH(QString, name);
+        QTemporaryDir dir;
+        if (name == "@fifo") {
+            name = dir.filePath("pipe.png");
+            QCOMPARE(mkfifo(name.toLocal8Bit().constData(), 0600), 0);
+        }
         arbo::Arbo* tree = scene->getIzbranoArbo();
         const GLuint bark = tree->pogled.textureNames[0];
         const GLuint leaf = tree->pogled.textureNames[1];
         const std::string old = tree->pdPrepared.barkTextureFileName;
         catcher.messages.clear();
-        tree->pdPrepared.barkTextureFileName = "no/such/bark.jpg";
+        tree->pdPrepared.barkTextureFileName = name.toStdString();
         scene->reloadCurrentTreeTextures();
         QCOMPARE(catcher.lines(),
                  std::vector<std::string>{"Error: Could not open bark texture file."});

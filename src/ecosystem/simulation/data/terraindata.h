@@ -91,7 +91,8 @@ public:
     // A file the loader rejects (it says why) changes nothing: false then.
     bool reloadDMR(const char* fileName);
     // The same for a DEM file of another grid size (the program always asks for
-    // 100 x 100; tests and the fuzz driver use small grids).
+    // 100 x 100; tests and the fuzz driver use small grids). A simulation on a
+    // terrain whose size changed must be given it again (setTerrainData).
     bool zamenjajTeren(const char* fileName, int noviStTockX, int noviStTockY);
 
     void spawnLupa();
