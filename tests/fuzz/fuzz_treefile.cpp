@@ -1,7 +1,7 @@
 // Fuzz driver of the tree parameter loader: a file is loaded into a set that
 // differs from the defaults; a rejected file must leave it exactly as it was
 // and say why, an accepted one must hold only values within the loader's
-// limits and grow, in several drawing modes, a tree of bounded size.
+// limits and grow, in three drawing modes, a tree of bounded size.
 
 #include "fuzz/fuzzfile.h"
 
@@ -56,7 +56,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
         return 0;
     }
     fuzz::zahtevaj(vMejah(p), "an accepted file lies within the limits");
-    // Plain, then swaying and growing, then far (level of detail 5), then wire frame.
+    // Fine stems; then swaying, growing and in wire frame; then far (level of
+    // detail 5), swaying on.
     drevo.pdPrepared = p;
     drevo.pogled = arbo::Pogled();
     drevo.pogled.highQualityRendering = true;
@@ -65,12 +66,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size) {
     drevo.pogled.animateWindSway = true;
     drevo.pogled.animateGrow = true;
     drevo.pogled.starostDrevesa = 0.97;
-    zrasti(drevo);
-    zrasti(drevo);
-    drevo.pogled.lowQuality = 5;
-    zrasti(drevo);
-    drevo.pogled.lowQuality = 0;
     drevo.pogled.wireframe = true;
+    zrasti(drevo);
+    drevo.pogled.wireframe = false;
+    drevo.pogled.lowQuality = 5;
     zrasti(drevo);
     return 0;
 }
