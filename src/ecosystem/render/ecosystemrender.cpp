@@ -81,8 +81,8 @@ void EcosystemRender::createModelTrees() {
     if (!failed.isEmpty())
         arbo::showUserMessage(
             QCoreApplication::translate("EcosystemRender", "Error").toStdString(),
-            (QCoreApplication::translate("EcosystemRender", "Could not open file.") + failed +
-             "\n" +
+            (QCoreApplication::translate("EcosystemRender", "Could not open file.") + "\n" +
+             failed + "\n\n" +
              QCoreApplication::translate("EcosystemRender",
                                          "These species are drawn with the default tree."))
                 .toStdString());

@@ -57,9 +57,9 @@ private slots:
         QDir::setCurrent(here);
         QCOMPARE(catcher.lines(),
                  std::vector<std::string>{
-                     "Error: Could not open file.\nbin/zbirka-4/javorVelikZgorajGost.tree.xml: "
-                     "line 3: the strand count 2147483647 lies outside 0 to 10000\nThese species "
-                     "are drawn with the default tree."});
+                     "Error: Could not open file.\n\nbin/zbirka-4/javorVelikZgorajGost.tree.xml: "
+                     "line 3: the strand count 2147483647 lies outside 0 to 10000\n\nThese "
+                     "species are drawn with the default tree."});
         const int strands[6] = {400, 500, 1000, 700, 250, 1000};
         for (int i = 0; i < 6; ++i)
             QCOMPARE(other.izglediDrevesnihVrst[i]->pdPrepared.stVsehZil, strands[i]);
