@@ -52,7 +52,9 @@ int main(int argc, char** argv) {
     }
     bool ok = true;
     ok &= save(images::makeBark(), textures + "bark.jpg");
+    ok &= save(images::makeBark(images::coniferBark), textures + "barkconifer.jpg");
     ok &= save(images::makeLeaf(), textures + "leaf.png");
+    ok &= save(images::makeNeedles(), textures + "needles.png");
     ok &= save(images::makeDetail(), textures + "detail.png");
     for (int band = 1; band <= 5; ++band)
         ok &= save(images::makeGround(band), textures + QString("height%1.jpg").arg(band));

@@ -52,6 +52,148 @@
     </message>
 </context>
 <context>
+    <name>EcosystemStatistics</name>
+    <message>
+        <source>Ecosystem statistics</source>
+        <translation>Statistika ekosistema</translation>
+    </message>
+    <message>
+        <source>rendered only</source>
+        <translation>samo izrisane</translation>
+    </message>
+    <message>
+        <source>Living species:</source>
+        <translation>Žive vrste:</translation>
+    </message>
+    <message>
+        <source>Bush</source>
+        <translation>Grm</translation>
+    </message>
+    <message>
+        <source>Weeping willow</source>
+        <translation>Vrba žalujka</translation>
+    </message>
+    <message>
+        <source>Maple</source>
+        <translation>Javor</translation>
+    </message>
+    <message>
+        <source>Pine</source>
+        <translation>Bor</translation>
+    </message>
+    <message>
+        <source>Beech</source>
+        <translation>Bukev</translation>
+    </message>
+    <message>
+        <source>Tip: right click on graph to determine year and number of plants.</source>
+        <translation>Namig: desni klik na graf pokaže leto in število rastlin.</translation>
+    </message>
+    <message>
+        <source>Current value:</source>
+        <translation>Trenutna vrednost:</translation>
+    </message>
+    <message>
+        <source>Save as CSV…</source>
+        <translation>Shrani kot CSV …</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Zapri</translation>
+    </message>
+</context>
+<context>
+    <name>LatexExport</name>
+    <message>
+        <source>To model the tree we have chosen following scalar parameters: </source>
+        <translation>Drevo smo modelirali z naslednjimi skalarnimi parametri: </translation>
+    </message>
+    <message>
+        <source> and </source>
+        <translation> in </translation>
+    </message>
+    <message>
+        <source>Branch distribution</source>
+        <translation>Porazdelitev žil</translation>
+    </message>
+    <message>
+        <source>is determined for all orders</source>
+        <translation>določimo za vse rede</translation>
+    </message>
+    <message>
+        <source>where</source>
+        <translation>kjer sta</translation>
+    </message>
+    <message>
+        <source>are nonnegative whole numbers),</source>
+        <translation>nenegativni celi števili),</translation>
+    </message>
+    <message>
+        <source>with equation \ref{eqn:porazdelitevZilGW}. Values</source>
+        <translation>z enačbo \ref{eqn:porazdelitevZilGW}. Vrednosti</translation>
+    </message>
+    <message>
+        <source>are calculated from both graphs, that are given with polylines</source>
+        <translation>izračunamo iz obeh grafov, podanih z lomljenkama</translation>
+    </message>
+    <message>
+        <source>Branching angle between dividing subbranches,</source>
+        <translation>Kot razvejitve med podvejama,</translation>
+    </message>
+    <message>
+        <source>, is determined for all orders</source>
+        <translation>, določimo za vse rede</translation>
+    </message>
+    <message>
+        <source>using equation \ref{eqn:kotVejitveGW}. Needed parameters</source>
+        <translation>z enačbo \ref{eqn:kotVejitveGW}. Potrebna parametra</translation>
+    </message>
+    <message>
+        <source>in mentioned equation</source>
+        <translation>v omenjeni enačbi</translation>
+    </message>
+    <message>
+        <source>are defined using two graphs,</source>
+        <translation>določimo z dvema grafoma,</translation>
+    </message>
+    <message>
+        <source>given as polylines</source>
+        <translation>podanima kot lomljenki</translation>
+    </message>
+    <message>
+        <source>Minimum relative branch length,</source>
+        <translation>Najmanjšo relativno dolžino veje,</translation>
+    </message>
+    <message>
+        <source> using equation \ref{eqn:minCharacteristicLengthGW}, substituting</source>
+        <translation> z enačbo \ref{eqn:minCharacteristicLengthGW}, kjer vstavimo</translation>
+    </message>
+    <message>
+        <source>Maximum relative branch length,</source>
+        <translation>Največjo relativno dolžino veje,</translation>
+    </message>
+    <message>
+        <source>using equation \ref{eqn:maxCharacteristicLengthGW}, substituting</source>
+        <translation>z enačbo \ref{eqn:maxCharacteristicLengthGW}, kjer vstavimo</translation>
+    </message>
+    <message>
+        <source>Branch length scaling factor,</source>
+        <translation>Faktor skaliranja dolžine veje,</translation>
+    </message>
+    <message>
+        <source>using equation \ref{eqn:lengthScalingGW}, substituting</source>
+        <translation>z enačbo \ref{eqn:lengthScalingGW}, kjer vstavimo</translation>
+    </message>
+    <message>
+        <source>Gravimorphism impact,</source>
+        <translation>Vpliv gravimorfizma,</translation>
+    </message>
+    <message>
+        <source>using equation \ref{eqn:gravimorphismGW}, substituting</source>
+        <translation>z enačbo \ref{eqn:gravimorphismGW}, kjer vstavimo</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Bosket</source>
@@ -297,6 +439,170 @@
         <source>Move backward less</source>
         <translation>Manjši premik nazaj</translation>
     </message>
+    <message>
+        <source>L&amp;oad tree parameters</source>
+        <translation>&amp;Naloži parametre drevesa</translation>
+    </message>
+    <message>
+        <source>&amp;Save tree parameters</source>
+        <translation>&amp;Shrani parametre drevesa</translation>
+    </message>
+    <message>
+        <source>&amp;Import tree 2.x parameters</source>
+        <translation>&amp;Uvozi parametre drevesa 2.x</translation>
+    </message>
+    <message>
+        <source>Export current tree geometry as &amp;vertices</source>
+        <translation>Izvozi geometrijo drevesa kot &amp;oglišča</translation>
+    </message>
+    <message>
+        <source>Export current tree as OB&amp;J…</source>
+        <translation>Izvozi drevo kot OB&amp;J …</translation>
+    </message>
+    <message>
+        <source>Export current tree as Latex formulas</source>
+        <translation>Izvozi drevo kot formule LaTeX</translation>
+    </message>
+    <message>
+        <source>Load DEM terrain model</source>
+        <translation>Naloži model terena DMR</translation>
+    </message>
+    <message>
+        <source>Set sky textures</source>
+        <translation>Nastavi teksture neba</translation>
+    </message>
+    <message>
+        <source>Export &amp;window image</source>
+        <translation>Izvozi sliko &amp;okna</translation>
+    </message>
+    <message>
+        <source>&amp;Export custom resolution image</source>
+        <translation>&amp;Izvozi sliko poljubne ločljivosti</translation>
+    </message>
+    <message>
+        <source>Ani&amp;mation rendering mode (sequence export)</source>
+        <translation>Način izrisa ani&amp;macije (izvoz zaporedja)</translation>
+    </message>
+    <message>
+        <source>Load &amp;bark texture</source>
+        <translation>Naloži teksturo &amp;lubja</translation>
+    </message>
+    <message>
+        <source>Load lea&amp;f texture</source>
+        <translation>Naloži teksturo &amp;listov</translation>
+    </message>
+    <message>
+        <source>Design &amp;strand distribution</source>
+        <translation>Oblikuj porazdelitev &amp;žil</translation>
+    </message>
+    <message>
+        <source>Design &amp;branching angles</source>
+        <translation>Oblikuj &amp;kote razvejitve</translation>
+    </message>
+    <message>
+        <source>Design branch absolute minimal &amp;length</source>
+        <translation>Oblikuj absolutno najmanjšo &amp;dolžino vej</translation>
+    </message>
+    <message>
+        <source>Design branch absolute maximal length</source>
+        <translation>Oblikuj absolutno največjo dolžino vej</translation>
+    </message>
+    <message>
+        <source>Design branch lenght s&amp;caling</source>
+        <translation>Oblikuj &amp;skaliranje dolžine vej</translation>
+    </message>
+    <message>
+        <source>Design &amp;gravimorphism impact distribution</source>
+        <translation>Oblikuj porazdelitev vpliva &amp;gravimorfizma</translation>
+    </message>
+    <message>
+        <source>&amp;Advanced tree &amp;properties</source>
+        <translation>&amp;Napredne lastnosti drevesa</translation>
+    </message>
+    <message>
+        <source>&amp;Undo design edit</source>
+        <translation>&amp;Razveljavi spremembo oblike</translation>
+    </message>
+    <message>
+        <source>Re&amp;do design edit</source>
+        <translation>&amp;Uveljavi spremembo oblike</translation>
+    </message>
+    <message>
+        <source>Show frame &amp;rate</source>
+        <translation>Prikaži hit&amp;rost izrisa</translation>
+    </message>
+    <message>
+        <source>&amp;Lighting enabled</source>
+        <translation>&amp;Osvetlitev vključena</translation>
+    </message>
+    <message>
+        <source>Display &amp;background sky</source>
+        <translation>Prikaži &amp;nebo v ozadju</translation>
+    </message>
+    <message>
+        <source>Render &amp;wireframe</source>
+        <translation>Izriši &amp;žičnati model</translation>
+    </message>
+    <message>
+        <source>Display lea&amp;ves</source>
+        <translation>Prikaži &amp;liste</translation>
+    </message>
+    <message>
+        <source>Colour &amp;uppon tree branches</source>
+        <translation>O&amp;barvaj veje drevesa</translation>
+    </message>
+    <message>
+        <source>&amp;High quality tree rendering (more polygons)</source>
+        <translation>&amp;Kakovosten izris drevesa (več poligonov)</translation>
+    </message>
+    <message>
+        <source>Do not draw &amp;trees (ecosystem mode)</source>
+        <translation>Ne izrisuj &amp;dreves (ekosistem)</translation>
+    </message>
+    <message>
+        <source>Do not refresh &amp;display, only run simulation (ecosystem mode)</source>
+        <translation>Ne osvežuj &amp;prikaza, le simuliraj (ekosistem)</translation>
+    </message>
+    <message>
+        <source>Fast distant trees</source>
+        <translation>Hitra oddaljena drevesa</translation>
+    </message>
+    <message>
+        <source>Show ecologic neighb&amp;orhood (ecosystem mode)</source>
+        <translation>Prikaži ekološko &amp;soseščino (ekosistem)</translation>
+    </message>
+    <message>
+        <source>Display terrain l&amp;and markings (South, North, East, West)</source>
+        <translation>Prikaži &amp;oznake strani neba na terenu (jug, sever, vzhod, zahod)</translation>
+    </message>
+    <message>
+        <source>Display terrain &amp;normals</source>
+        <translation>Prikaži &amp;normale terena</translation>
+    </message>
+    <message>
+        <source>Display terrain &amp;inclination</source>
+        <translation>Prikaži &amp;naklon terena</translation>
+    </message>
+    <message>
+        <source>Display terrain &amp;moisture</source>
+        <translation>Prikaži &amp;vlažnost terena</translation>
+    </message>
+    <message>
+        <source>Display terrain &amp;sunniness</source>
+        <translation>Prikaži &amp;osončenost terena</translation>
+    </message>
+    <message>
+        <source>Display terrain &amp;windiness</source>
+        <translation>Prikaži &amp;vetrovnost terena</translation>
+    </message>
+    <message>
+        <source>Display sun</source>
+        <translation>Prikaži sonce</translation>
+    </message>
+    <message>
+        <source>Show &amp;statistics</source>
+        <translation>Prikaži &amp;statistiko</translation>
+    </message>
 </context>
 <context>
     <name>NavigationPanel</name>
@@ -387,6 +693,13 @@
     <message>
         <source>Travel backward</source>
         <translation>Potuj nazaj</translation>
+    </message>
+</context>
+<context>
+    <name>ObjExport</name>
+    <message>
+        <source>Could not write %1.</source>
+        <translation>Datoteke %1 ni bilo mogoče zapisati.</translation>
     </message>
 </context>
 <context>
@@ -630,6 +943,191 @@
     </message>
 </context>
 <context>
+    <name>gui::AdvancedTreeProperties</name>
+    <message>
+        <source>Advanced tree properties</source>
+        <translation>Napredne lastnosti drevesa</translation>
+    </message>
+    <message>
+        <source>Tree age (number of strands):</source>
+        <translation>Starost drevesa (število žil):</translation>
+    </message>
+    <message>
+        <source>Trunk height:</source>
+        <translation>Višina debla:</translation>
+    </message>
+    <message>
+        <source>Branch relative thickness per strand:</source>
+        <translation>Relativna debelina veje na žilo:</translation>
+    </message>
+    <message>
+        <source>Gravicentralism (central trunk uprightness):</source>
+        <translation>Gravicentralizem (pokončnost osrednjega debla):</translation>
+    </message>
+    <message>
+        <source>Phyllotaxis angle (branch rotation along the trunk) :</source>
+        <translation>Kot filotaksije (zasuk vej vzdolž debla) :</translation>
+    </message>
+    <message>
+        <source>Spiral</source>
+        <translation>Spiralno</translation>
+    </message>
+    <message>
+        <source>Stacked</source>
+        <translation>Naloženo</translation>
+    </message>
+    <message>
+        <source>Staggered</source>
+        <translation>Izmenično</translation>
+    </message>
+    <message>
+        <source>Bunched</source>
+        <translation>V šopu</translation>
+    </message>
+    <message>
+        <source>Coniferous</source>
+        <translation>Iglasto</translation>
+    </message>
+    <message>
+        <source>Leaf type:</source>
+        <translation>Vrsta listov:</translation>
+    </message>
+    <message>
+        <source>Leaf density:</source>
+        <translation>Gostota listov:</translation>
+    </message>
+    <message>
+        <source>Leaf size:</source>
+        <translation>Velikost listov:</translation>
+    </message>
+    <message>
+        <source>Wind gust speed:</source>
+        <translation>Hitrost sunkov vetra:</translation>
+    </message>
+    <message>
+        <source>Wind nonuniform speed:</source>
+        <translation>Hitrost neenakomernega vetra:</translation>
+    </message>
+    <message>
+        <source>auto-proof</source>
+        <translation>sprotni prikaz</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Uveljavi</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>V redu</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Prekliči</translation>
+    </message>
+</context>
+<context>
+    <name>gui::DistributionDesigner</name>
+    <message>
+        <source>Distribution designer</source>
+        <translation>Oblikovalnik porazdelitve</translation>
+    </message>
+    <message>
+        <source>Gravelius order distribution:</source>
+        <translation>Porazdelitev po Graveliusovem redu:</translation>
+    </message>
+    <message>
+        <source>Weibull order distribution:</source>
+        <translation>Porazdelitev po Weibullovem redu:</translation>
+    </message>
+    <message>
+        <source>Left click to add and move to modify a point or right click to remove.</source>
+        <translation>Levi klik doda točko, premik miške jo spremeni, desni klik jo odstrani.</translation>
+    </message>
+    <message>
+        <source>Selected level:</source>
+        <translation>Izbrana raven:</translation>
+    </message>
+    <message>
+        <source>no hover</source>
+        <translation>ni izbire</translation>
+    </message>
+    <message>
+        <source>color levels</source>
+        <translation>obarvaj ravni</translation>
+    </message>
+    <message>
+        <source>auto proof</source>
+        <translation>sprotni prikaz</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>V redu</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Prekliči</translation>
+    </message>
+    <message>
+        <source>G=%1-%2</source>
+        <translation>G=%1-%2</translation>
+    </message>
+    <message>
+        <source>W=%1-%2</source>
+        <translation>W=%1-%2</translation>
+    </message>
+    <message>
+        <source>G=%1</source>
+        <translation>G=%1</translation>
+    </message>
+    <message>
+        <source>W=%1</source>
+        <translation>W=%1</translation>
+    </message>
+</context>
+<context>
+    <name>gui::EcosystemStatistics</name>
+    <message>
+        <source>plants</source>
+        <translation>rastline</translation>
+    </message>
+    <message>
+        <source>frame</source>
+        <translation>sličica</translation>
+    </message>
+    <message>
+        <source>step</source>
+        <translation>korak</translation>
+    </message>
+    <message>
+        <source>Species %1</source>
+        <translation>Vrsta %1</translation>
+    </message>
+    <message>
+        <source>%1 living</source>
+        <translation>%1 žive</translation>
+    </message>
+    <message>
+        <source>%1 drawn</source>
+        <translation>%1 izrisane</translation>
+    </message>
+    <message>
+        <source>Save statistics as CSV</source>
+        <translation>Shrani statistiko kot CSV</translation>
+    </message>
+    <message>
+        <source>CSV files (*.csv)</source>
+        <translation>Datoteke CSV (*.csv)</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Napaka</translation>
+    </message>
+    <message>
+        <source>Could not save file.</source>
+        <translation>Datoteke ni bilo mogoče shraniti.</translation>
+    </message>
+</context>
+<context>
     <name>gui::Help</name>
     <message>
         <source>&lt;h3&gt;The tree model&lt;/h3&gt;&lt;p&gt;A tree is grown from its trunk base upwards, segment by segment. Two orders locate every segment: the &lt;b&gt;Gravelius order&lt;/b&gt; g is the branching order (0 for the trunk, one more each time growth passes into a side branch); the &lt;b&gt;Weibull order&lt;/b&gt; w is the depth, the number of segments from the root along the path. Every distribution is drawn as a pair of curves, one over g and one over w; the tree reads their product.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Strand distribution.&lt;/b&gt; The trunk is a bundle of strands (their number is the tree&apos;s age and sets its thickness). At every branching the strands are shared between the main branch and the side branch; the curve gives the share that stays in the main branch. A segment with few strands is thin; a branch with one strand ends and carries leaves.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Branching angles.&lt;/b&gt; The angle in degrees between the two branches of a split. Small angles give slim, upright crowns; large angles open the crown.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Branch lengths.&lt;/b&gt; The minimal and maximal relative branch length and the branch length scaling decide how long each segment grows.&lt;/p&gt;&lt;p&gt;&lt;b&gt;Gravimorphism.&lt;/b&gt; How strongly, and in which direction (-180 to 180 degrees), branches of each order and depth turn towards or away from the ground: positive values lift them, negative values make them hang like a willow&apos;s. Gravicentralism keeps the central trunk upright.&lt;/p&gt;</source>
@@ -649,6 +1147,17 @@
     </message>
 </context>
 <context>
+    <name>gui::MainWindow</name>
+    <message>
+        <source>Error</source>
+        <translation>Napaka</translation>
+    </message>
+    <message>
+        <source>First run simulation please.</source>
+        <translation>Najprej zaženite simulacijo.</translation>
+    </message>
+</context>
+<context>
     <name>gui::OglWidget</name>
     <message>
         <source>OpenGL Extensions</source>
@@ -661,6 +1170,37 @@
     <message>
         <source>Compiled vertex array is not supported with this driver, using failover.</source>
         <translation>Ta gonilnik ne podpira prevedenih tabel oglišč, uporabljam nadomestno pot.</translation>
+    </message>
+</context>
+<context>
+    <name>gui::PixmapExportDialog</name>
+    <message>
+        <source>Export pixmap</source>
+        <translation>Izvoz slike</translation>
+    </message>
+    <message>
+        <source>PNG compression: 0 gives the smallest file and takes longest, 99 the largest file and is fastest.</source>
+        <translation>Stiskanje PNG: 0 da najmanjšo datoteko in traja najdlje, 99 največjo datoteko in je najhitrejše.</translation>
+    </message>
+    <message>
+        <source>Pixmap width:</source>
+        <translation>Širina slike:</translation>
+    </message>
+    <message>
+        <source>Pixmap height:</source>
+        <translation>Višina slike:</translation>
+    </message>
+    <message>
+        <source>Quality:</source>
+        <translation>Kakovost:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>V redu</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Prekliči</translation>
     </message>
 </context>
 <context>
@@ -764,10 +1304,96 @@
     </message>
 </context>
 <context>
+    <name>gui::SkyTextures</name>
+    <message>
+        <source>Sky textures</source>
+        <translation>Teksture neba</translation>
+    </message>
+    <message>
+        <source>North texture:</source>
+        <translation>Severna tekstura:</translation>
+    </message>
+    <message>
+        <source>South texture:</source>
+        <translation>Južna tekstura:</translation>
+    </message>
+    <message>
+        <source>East texture:</source>
+        <translation>Vzhodna tekstura:</translation>
+    </message>
+    <message>
+        <source>West texture:</source>
+        <translation>Zahodna tekstura:</translation>
+    </message>
+    <message>
+        <source>Upper texture:</source>
+        <translation>Zgornja tekstura:</translation>
+    </message>
+    <message>
+        <source>Lower texture:</source>
+        <translation>Spodnja tekstura:</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>V redu</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Prekliči</translation>
+    </message>
+    <message>
+        <source>...</source>
+        <translation>...</translation>
+    </message>
+    <message>
+        <source>Choose a file to open</source>
+        <translation>Izberite datoteko</translation>
+    </message>
+    <message>
+        <source>Images (*.png *.xpm *.jpg *.bmp)</source>
+        <translation>Slike (*.png *.xpm *.jpg *.bmp)</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Napaka</translation>
+    </message>
+    <message>
+        <source>Could not open sky texture file %1.</source>
+        <translation>Datoteke s teksturo neba %1 ni bilo mogoče odpreti.</translation>
+    </message>
+</context>
+<context>
     <name>gui::TextDialog</name>
     <message>
         <source>OK</source>
         <translation>V redu</translation>
+    </message>
+</context>
+<context>
+    <name>gui::actionhandling::DesignHandler</name>
+    <message>
+        <source> for strand distribution</source>
+        <translation> za porazdelitev žil</translation>
+    </message>
+    <message>
+        <source> for branching angles distribution</source>
+        <translation> za porazdelitev kotov razvejitve</translation>
+    </message>
+    <message>
+        <source> for minimal absolute branch lengths distribution</source>
+        <translation> za porazdelitev najmanjših absolutnih dolžin vej</translation>
+    </message>
+    <message>
+        <source> for maximal absolute branch lengths distribution</source>
+        <translation> za porazdelitev največjih absolutnih dolžin vej</translation>
+    </message>
+    <message>
+        <source> for branch lengths scaling distribution</source>
+        <translation> za porazdelitev skaliranja dolžin vej</translation>
+    </message>
+    <message>
+        <source> for gravimorphism impact distribution</source>
+        <translation> za porazdelitev vpliva gravimorfizma</translation>
     </message>
 </context>
 <context>
@@ -791,6 +1417,94 @@
     <message>
         <source>Choose a filename to save under</source>
         <translation>Izberite ime datoteke za shranjevanje</translation>
+    </message>
+    <message>
+        <source>Images (*.png *.xpm *.jpg *.bmp)</source>
+        <translation>Slike (*.png *.xpm *.jpg *.bmp)</translation>
+    </message>
+    <message>
+        <source>Could not write the image file %1.</source>
+        <translation>Slike ni bilo mogoče zapisati v datoteko %1.</translation>
+    </message>
+    <message>
+        <source>Choose a file to open</source>
+        <translation>Izberite datoteko</translation>
+    </message>
+    <message>
+        <source>Tree version 3.x parameters (*.tree.xml)</source>
+        <translation>Parametri drevesa različice 3.x (*.tree.xml)</translation>
+    </message>
+    <message>
+        <source>Could not open file.</source>
+        <translation>Datoteke ni bilo mogoče odpreti.</translation>
+    </message>
+    <message>
+        <source>Choose a file to import</source>
+        <translation>Izberite datoteko za uvoz</translation>
+    </message>
+    <message>
+        <source>Tree version 2.x parameters (*.tree)</source>
+        <translation>Parametri drevesa različice 2.x (*.tree)</translation>
+    </message>
+    <message>
+        <source>Information</source>
+        <translation>Obvestilo</translation>
+    </message>
+    <message>
+        <source>Not yet implemented.</source>
+        <translation>Še ni izdelano.</translation>
+    </message>
+    <message>
+        <source>Choose a filename to export under</source>
+        <translation>Izberite ime datoteke za izvoz</translation>
+    </message>
+    <message>
+        <source>Tree geometry vertices (*.crs)</source>
+        <translation>Oglišča geometrije drevesa (*.crs)</translation>
+    </message>
+    <message>
+        <source>Wavefront OBJ (*.obj)</source>
+        <translation>Wavefront OBJ (*.obj)</translation>
+    </message>
+    <message>
+        <source>Latex files (*.tex)</source>
+        <translation>Datoteke LaTeX (*.tex)</translation>
+    </message>
+    <message>
+        <source>Could not save file.</source>
+        <translation>Datoteke ni bilo mogoče shraniti.</translation>
+    </message>
+    <message>
+        <source>DEM model (*.dmr)</source>
+        <translation>Model DMR (*.dmr)</translation>
+    </message>
+    <message>
+        <source>Could not open bark texture file.</source>
+        <translation>Datoteke s teksturo lubja ni bilo mogoče odpreti.</translation>
+    </message>
+    <message>
+        <source>The file name is too long to be kept with the tree&apos;s parameters (at most 254 characters).</source>
+        <translation>Ime datoteke je predolgo, da bi ga shranili s parametri drevesa (največ 254 znakov).</translation>
+    </message>
+    <message>
+        <source>Rendering the image...</source>
+        <translation>Izrisujem sliko ...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Prekliči</translation>
+    </message>
+    <message>
+        <source>Export pixmap</source>
+        <translation>Izvoz slike</translation>
+    </message>
+    <message>
+        <source>Could not make an image of %1 x %2 pixels: not enough memory.</source>
+        <translation>Slike velikosti %1 x %2 točk ni bilo mogoče narediti: premalo pomnilnika.</translation>
+    </message>
+    <message>
+        <source>Saving the image...</source>
+        <translation>Shranjujem sliko ...</translation>
     </message>
 </context>
 </TS>

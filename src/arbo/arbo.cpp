@@ -67,8 +67,10 @@ void Arbo::drawSingleTreeCentered(double dol_pomik, double levo_pomik, double z_
     glLightfv(GL_LIGHT0, GL_POSITION, luc0);
     glLightfv(GL_LIGHT1, GL_POSITION, luc1);
     glLightfv(GL_LIGHT2, GL_POSITION, luc2);
-    // During an export the tree stays in its own coordinates.
-    if (!serializatorDelckovDrevesa.exportingToPoints) {
+    // An export on OpenGL's own stack reads positions from OpenGL's matrix: the
+    // tree then stays in its own coordinates for that frame. The CPU path grows
+    // an exported frame from the identity and draws it where the camera puts it.
+    if (!(serializatorDelckovDrevesa.exportingToPoints && sklad().naGl)) {
         glTranslated(-levo_pomik, dol_pomik, z_pomik);
         glRotated(x_zasuk, 1, 0, 0);
         glRotated(y_zasuk, 0, 1, 0);
@@ -93,20 +95,36 @@ void Arbo::upodobiPrikaz() {
     zacniOkvir(stZil, aktivnaVisina);
 
     SerializatorDelckovDrevesa& ser = serializatorDelckovDrevesa;
-    if (ser.exportingToPoints)
+    const bool izvoz = ser.exportingToPoints;
+    if (izvoz)
         ser.zacniSerializacijo(fileNameExportCRS, pogled.highQualityRendering ? 16 : 4);
     nastaviStanjeGl();
     // The CPU stack starts from OpenGL's current model-view matrix.
     Matrika koren = MatrikaSklad::identiteta();
-    if (!sklad().naGl)
+    if (!sklad().naGl) {
         glGetFloatv(GL_MODELVIEW_MATRIX, koren.m);
+        if (izvoz)
+            zrastiZaDatoteko(stZil, aktivnaVisina);
+    }
     zrasti(stZil, aktivnaVisina, koren);
     delckiDrevesa.narisiZbrano();
 
-    if (ser.exportingToPoints) {
+    if (izvoz) {
         ser.koncajSerializacijo();
         ser.exportingToPoints = false;
     }
+}
+
+// The file holds the tree in its own coordinates: it is grown once from the
+// identity for the file alone, and the frame is then grown again from the
+// camera, from the same random sequence and branch numbers, and drawn exactly
+// as any other frame.
+void Arbo::zrastiZaDatoteko(int stZil, double aktivnaVisina) {
+    zrasti(stZil, aktivnaVisina, MatrikaSklad::identiteta());
+    delckiDrevesa.mreza.izprazni();
+    serializatorDelckovDrevesa.exportingToPoints = false;
+    srand(1);
+    idVejaNext = 1;
 }
 
 void Arbo::zacniOkvir(int& stZil, double& aktivnaVisina) {

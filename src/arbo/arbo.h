@@ -83,6 +83,7 @@ private:
     void narisiListe(double dejanskaVisinaTrenutneVeje,
                      const Matrika& modelMatrixInversePostGrowthEffects, int idVeje);
     void popraviPhyllotaxis(Presek& presek);
+    void zrastiZaDatoteko(int stZil, double aktivnaVisina);
 };
 
 } // namespace arbo

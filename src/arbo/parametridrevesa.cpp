@@ -59,7 +59,7 @@ void ParametriDrevesa::defaultTreeParams() {
 // at or beyond the last vertex's x the last segment is extrapolated. A curve
 // with one vertex is constant and an empty one is 0 (the loader never makes
 // either).
-double ParametriDrevesa::interpoliraj(double x, Krivulja* parametri) {
+double ParametriDrevesa::interpoliraj(double x, const Krivulja* parametri) {
     const std::vector<Tocka2D>& p = parametri->tocke;
     const size_t n = p.size();
     if (n == 0)

@@ -60,7 +60,9 @@ public:
     ParametriDrevesa& operator=(const ParametriDrevesa&) = default;
 
     void defaultTreeParams();
-    double interpoliraj(double x, Krivulja* parametri);
+    // The value of a curve at x (needs no parameter set: the curve designer's
+    // readout uses it too).
+    static double interpoliraj(double x, const Krivulja* parametri);
     void preracunajParametra(int idParametra);
     void recalculateRelativeParams();
 

@@ -5,6 +5,9 @@
 #include <QList>
 #include <QMainWindow>
 
+#include <initializer_list>
+#include <utility>
+
 namespace ecosystem::render {
 class EcosystemRender;
 }
@@ -46,15 +49,26 @@ public slots:
     void on_actionAdd_view_triggered();
     void on_actionSet_plant_area_triggered();
     void on_actionEdit_random_generator_seeds_triggered();
+    void on_actionShow_statistics_triggered();
     void on_actionAbout_triggered();
     void on_actionUsage_triggered();
     void cycleView();
+    // Sets every check mark of the View and Tree-animation menus to the state
+    // it stands for, of the scene or of the selected tree.
+    void showStateInCheckMarks();
 
 private:
+    template <class Receiver>
+    void bindActions(Receiver* receiver,
+                     std::initializer_list<std::pair<QAction*, void (Receiver::*)()>> rows);
+    void bindWindowActions();
     void bindFileHandler();
     void bindTimeKeeper();
     void bindSceneActions();
+    void bindDesignHandler();
     void bindViewHandler();
+    void bindCheckMarks();
+    void bindStatistics();
     void bindNavigationHandler();
 };
 

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QImage>
 #include <QOpenGLWidget>
+
+#include <functional>
 
 namespace ecosystem::render {
 class EcosystemRender;
@@ -30,6 +33,22 @@ public:
 
     void checkExtensions();
 
+    // What the view shows, read back without drawing another frame (drawing
+    // moves an animated tree on): a repaint that was asked for and not yet
+    // done is drawn first, since it is the frame the caller wants, and is then
+    // not drawn again when the toolkit paints. Opaque, as the view is shown.
+    QImage grabFrameBuffer();
+
+    // The scene drawn off screen at width x height with the view's camera and
+    // projection (a fixed aspect of 1: any size shows the same field), in
+    // tiles of at most maxTile pixels a side and never more than the GL
+    // limits allow. progress(done, total) is told after each tile and stops
+    // the work (a null image) by returning false. The view's context, frame
+    // buffer, viewport and projection are left as they were, and the trees'
+    // animation does not move on.
+    QImage renderPixmap(int width, int height, int maxTile = 4096,
+                        const std::function<bool(int done, int total)>& progress = nullptr);
+
 signals:
     void newModelCreated(ecosystem::render::EcosystemRender* model);
     void newGlContextInitialized(gui::OglWidget* view);
@@ -50,6 +69,14 @@ protected:
 
 private:
     void setFixedGlState();
+    void renderTile(const QRect& tile, const QSize& image);
+
+    void drawPendingFrame();
+
+    bool updatePending = false; // a repaint was asked for and not yet drawn
+    // The frame of the last repaint asked for was drawn by grabFrameBuffer;
+    // the toolkit's own paint for it only shows it.
+    bool drawnAhead = false;
 };
 
 } // namespace gui

@@ -401,6 +401,53 @@ private slots:
             QCOMPARE(z[i].id, iz.zapisi[i].id);
     }
 
+    // The curve designer's hovered orders or depths are drawn cyan, the rest
+    // white; the order colouring wins over both. Three strands grow five
+    // segments: trunk (G 0, W 0), twig (1, 1), trunk (0, 1), twig (1, 2),
+    // trunk (0, 2), each the same number of stem vertices.
+    void hoveredLevelsAreCyan_data() {
+        QTest::addColumn<QList<int>>("ranges"); // G min, G max, W min, W max
+        QTest::addColumn<QString>("colours");
+        QTest::newRow("none") << QList<int>{-1, -1, -1, -1} << "wwwww";
+        QTest::newRow("order 1") << QList<int>{1, 1, -1, -1} << "wcwcw";
+        QTest::newRow("orders 0-1") << QList<int>{0, 1, -1, -1} << "ccccc";
+        QTest::newRow("depth 1") << QList<int>{-1, -1, 1, 1} << "wccww";
+        QTest::newRow("depths 2-49") << QList<int>{-1, -1, 2, 49} << "wwwcc";
+        QTest::newRow("order 0 or depth 1") << QList<int>{0, 0, 1, 1} << "cccwc";
+    }
+    void hoveredLevelsAreCyan() {
+        QFETCH(QList<int>, ranges);
+        QFETCH(QString, colours);
+        Arbo a;
+        a.pdPrepared.stVsehZil = 3;
+        a.pdPrepared.listi = false;
+        a.pogled.barvajGMin = ranges[0];
+        a.pogled.barvajGMax = ranges[1];
+        a.pogled.barvajWMin = ranges[2];
+        a.pogled.barvajWMax = ranges[3];
+        int stZil;
+        double visina;
+        a.zacniOkvir(stZil, visina);
+        a.zrasti(stZil, visina, arbo::MatrikaSklad::identiteta());
+        const auto& oglisca = a.delckiDrevesa.mreza.lubje.oglisca;
+        QCOMPARE(a.delckiDrevesa.stSegmentov, 5);
+        const size_t naSegment = oglisca.size() / 5;
+        QString dobljeno;
+        for (size_t i = 0; i < 5; ++i) {
+            const std::uint8_t* b = oglisca[i * naSegment].barva;
+            dobljeno += b[0] == 255 && b[1] == 255 && b[2] == 255 ? 'w'
+                        : b[0] == 0 && b[1] == 255 && b[2] == 255 ? 'c'
+                                                                  : '?';
+        }
+        QCOMPARE(dobljeno, colours);
+        a.pogled.colorMonopodial = true; // order colours: the twigs' blue is 1.0
+        a.delckiDrevesa.mreza.izprazni();
+        a.zacniOkvir(stZil, visina);
+        a.zrasti(stZil, visina, arbo::MatrikaSklad::identiteta());
+        QCOMPARE(int(oglisca[1 * naSegment].barva[2]), 255);
+        QCOMPARE(int(oglisca[2 * naSegment].barva[2]), 51);
+    }
+
     void leafTypesCount() {
         // Staggered with three leaves: the tip leaf and two stepped ones.
         Arbo a;

@@ -3,10 +3,11 @@
 // leaves per frame and how the time splits between growing the tree on the CPU
 // and drawing it.
 //
-//   bench_arbo [--frames N] [--png DIR] [--gl] [--hq] [--wind]
+//   bench_arbo [--frames N] [--png DIR] [--trees DIR] [--gl] [--hq] [--wind]
 //
-// --png DIR  also writes one tree-edit image and one ecosystem-distance image
-//            per tree into DIR
+// --png DIR   also writes per tree into DIR a tree-edit image, the same of a
+//             young plant (growth factor 0.3) and two ecosystem-distance images
+// --trees DIR reads the species files from DIR instead of bin/zbirka-4
 // --gl       the plain path: OpenGL's matrix stack and GLU quadrics
 // Run under xvfb-run with QT_QPA_PLATFORM=xcb.
 
@@ -88,6 +89,14 @@ void okvir(arbo::Arbo& a) {
     a.drawSingleTreeCentered(-13, 0, -15, 0, 0);
 }
 
+// A young plant, as the growth animation and the ecosystem draw one.
+void okvirMlado(arbo::Arbo& a, double starost) {
+    a.pogled.animateGrow = true;
+    a.pogled.starostDrevesa = starost;
+    okvir(a);
+    a.pogled.animateGrow = false;
+}
+
 // A plant seen from a walking eye 60 m away, 1.7 m above ground, as the
 // ecosystem view draws it (grown to full size, level of detail by distance).
 void okvirDalec(arbo::Arbo& a, float razdalja) {
@@ -110,7 +119,7 @@ void okvirDalec(arbo::Arbo& a, float razdalja) {
 int main(int argc, char** argv) {
     QGuiApplication app(argc, argv);
     int stOkvirjev = 60;
-    QString pngImenik;
+    QString pngImenik, imenikDreves = VIRELA_SOURCE_DIR "/bin/zbirka-4/";
     bool naGl = false, hq = false, veter = false;
     for (int i = 1; i < argc; ++i) {
         const QString a = argv[i];
@@ -118,6 +127,8 @@ int main(int argc, char** argv) {
             stOkvirjev = QString(argv[++i]).toInt();
         else if (a == "--png" && i + 1 < argc)
             pngImenik = argv[++i];
+        else if (a == "--trees" && i + 1 < argc)
+            imenikDreves = QString(argv[++i]) + "/";
         else if (a == "--gl")
             naGl = true;
         else if (a == "--hq")
@@ -146,7 +157,7 @@ int main(int argc, char** argv) {
         arbo::Arbo a;
         a.createKvadraticnePloskve();
         if (!datoteka.empty() &&
-            !a.pdPrepared.loadParameters(VIRELA_SOURCE_DIR "/bin/zbirka-4/" + datoteka)) {
+            !a.pdPrepared.loadParameters(imenikDreves.toStdString() + datoteka)) {
             std::printf("%-8s cannot read %s\n", ime.c_str(), datoteka.c_str());
             continue;
         }
@@ -180,6 +191,8 @@ int main(int argc, char** argv) {
         if (!pngImenik.isEmpty()) {
             okvir(a);
             gl.fbo->toImage().save(pngImenik + "/" + QString::fromStdString(ime) + ".png");
+            okvirMlado(a, 0.3);
+            gl.fbo->toImage().save(pngImenik + "/" + QString::fromStdString(ime) + "_young.png");
             okvirDalec(a, 60);
             gl.fbo->toImage().save(pngImenik + "/" + QString::fromStdString(ime) + "_60m.png");
             okvirDalec(a, 150);

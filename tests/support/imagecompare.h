@@ -9,12 +9,18 @@
 
 namespace imagecompare {
 
-// Pixels of a whose colour differs from the same pixel of b (a and b of one size).
-inline int differingPixels(const QImage& a, const QImage& b) {
+// Pixels of a whose colour differs from the same pixel of b (a and b of one
+// size); with a tolerance, by more than that in some channel.
+inline int differingPixels(const QImage& a, const QImage& b, int tolerance = 0) {
     int n = 0;
     for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x)
-            n += a.pixel(x, y) != b.pixel(x, y);
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
+            n += std::abs(qRed(p) - qRed(q)) > tolerance ||
+                 std::abs(qGreen(p) - qGreen(q)) > tolerance ||
+                 std::abs(qBlue(p) - qBlue(q)) > tolerance ||
+                 std::abs(qAlpha(p) - qAlpha(q)) > tolerance;
+        }
     return n;
 }
 

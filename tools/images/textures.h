@@ -11,9 +11,16 @@ namespace images {
 
 // ---------------------------------------------------------------------------------------------
 // Bark: vertical plates split by furrows. The image wraps around a stem segment (x) and runs
-// from the bottom of the segment to its top (y), so it tiles in both directions.
+// from the bottom of the segment to its top (y), so it tiles in both directions. The conifers'
+// bark is the same relief in darker, greyer tones.
 
-inline QImage makeBark() {
+struct BarkTones {
+    Rgb furrow, side, top, moss;
+};
+constexpr BarkTones broadleafBark{{38, 28, 21}, {96, 74, 56}, {128, 118, 104}, {112, 124, 84}};
+constexpr BarkTones coniferBark{{20, 15, 12}, {52, 38, 31}, {78, 66, 58}, {62, 68, 48}};
+
+inline QImage makeBark(const BarkTones& tones = broadleafBark) {
     const int W = 512, H = 512;
     // Furrows follow the zero lines of a vertically stretched noise: long, wavy and now and then
     // joining. Dividing the noise by its gradient gives the distance to the line in pixels, so
@@ -46,7 +53,7 @@ inline QImage makeBark() {
             tone.at(x, y) = fbm(u * 12, v * 4, 12, 4, 4, 0.6f, 52) + 0.5f * fibre;
         }
     QImage img(W, H, QImage::Format_RGB32);
-    const Rgb furrow{38, 28, 21}, side{96, 74, 56}, top{128, 118, 104}, moss{112, 124, 84};
+    const Rgb furrow = tones.furrow, side = tones.side, top = tones.top, moss = tones.moss;
     for (int y = 0; y < H; ++y) {
         QRgb* line = reinterpret_cast<QRgb*>(img.scanLine(y));
         for (int x = 0; x < W; ++x) {
@@ -145,6 +152,70 @@ inline QImage makeLeaf() {
             if (qRed(q) > 200 && qGreen(q) > 200 && qBlue(q) > 200)
                 q = qRgb(qRed(q), qGreen(q), 180);
             line[px] = q;
+        }
+    }
+    return img;
+}
+
+// ---------------------------------------------------------------------------------------------
+// Needles: a spruce shoot on white for the coniferous leaf type, under the leaf's rules: only
+// the diamond inscribed in the image shows, the twig end is the top row, and no needle pixel
+// has all three channels above 200. A dark blue-green mass with the needles drawn into it in
+// lighter and darker strokes, slanting towards the tip and standing out beyond the mass as a
+// ragged edge. The mass is solid on purpose: the texture is drawn small and unfiltered by
+// mipmaps, and every gap between needles would let the keyed-out white shimmer through.
+// Drawn without antialiasing, so every pixel is needle, shoot or pure white.
+
+inline QImage makeNeedles() {
+    const int N = 256;
+    QImage img(N, N, QImage::Format_RGB32);
+    img.fill(qRgb(255, 255, 255));
+    QPainter p(&img);
+    p.setRenderHint(QPainter::Antialiasing, false);
+    const float margin = 0.035f;
+    auto inside = [&](float x, float y) {
+        return std::fabs(x - 0.5f) + std::fabs(y - 0.5f) < 0.5f - margin;
+    };
+    const Rgb base{12, 30, 21}, far{8, 22, 16}, near{20, 46, 30}, light{36, 70, 42};
+    QPainterPath mass;
+    for (int k = 0; k <= 40; ++k) {
+        const float y = 0.06f + 0.88f * k / 40;
+        const float x = 0.5f + 0.72f * (0.5f - std::fabs(y - 0.5f) - margin);
+        k == 0 ? mass.moveTo(x * N, y * N) : mass.lineTo(x * N, y * N);
+    }
+    for (int k = 40; k >= 0; --k) {
+        const float y = 0.06f + 0.88f * k / 40;
+        mass.lineTo((1.0f - (0.5f + 0.72f * (0.5f - std::fabs(y - 0.5f) - margin))) * N, y * N);
+    }
+    p.fillPath(mass, QColor(toQRgb(base)));
+    int i = 0;
+    for (int layer = 0; layer < 2; ++layer) {
+        for (float y = 0.05f; y < 0.94f; y += layer == 0 ? 0.010f : 0.013f) {
+            for (int side = -1; side <= 1; side += 2, ++i) {
+                const float r = unit(i, layer, 91), q = unit(i, layer, 92);
+                // Slant towards the tip (down the image), longer in the middle of the shoot.
+                const float angle = (layer == 0 ? 0.8f : 0.95f) + 0.35f * r;
+                const float taper = 0.55f + 0.45f * std::sin(kPi * y);
+                float length = (0.2f + 0.08f * q) * taper;
+                const float x0 = 0.5f + side * 0.012f, y0 = y;
+                const float dx = side * std::sin(angle), dy = std::cos(angle);
+                while (length > 0.01f && !inside(x0 + dx * length, y0 + dy * length))
+                    length -= 0.005f;
+                Rgb c = layer == 0 ? far : mixRgb(near, light, 0.8f * unit(i, 7, 93));
+                c = scaled(c, 0.9f + 0.2f * unit(i, layer, 94));
+                p.setPen(
+                    QPen(QColor(toQRgb(c)), layer == 0 ? 3.0 : 2.0, Qt::SolidLine, Qt::FlatCap));
+                p.drawLine(QPointF(x0 * N, y0 * N),
+                           QPointF((x0 + dx * length) * N, (y0 + dy * length) * N));
+            }
+        }
+        if (layer == 0) {
+            // The shoot between the two layers: brownish, tapering towards the tip.
+            for (int k = 0; k < 3; ++k) {
+                p.setPen(QPen(QColor(62 - 8 * k, 50 - 6 * k, 30 - 4 * k), 4.5 - 1.2 * k));
+                p.drawLine(QPointF(0.5 * N, (margin + 0.01) * N),
+                           QPointF(0.5 * N, (0.96 - 0.1 * k) * N));
+            }
         }
     }
     return img;

@@ -7,6 +7,7 @@
 #include "ecosystem/render/framerate.h"
 #include "ecosystem/render/sky.h"
 #include "ecosystem/render/terrain.h"
+#include "ecosystem/render/terrainmarkings.h"
 #include "ecosystem/simulation/data/terraindata.h"
 #include "ecosystem/simulation/ecosystemsimulation.h"
 
@@ -28,6 +29,7 @@ EcosystemRender::EcosystemRender(QOpenGLContext* context, QOpenGLWidget* widget)
       filenameSky5(":/gui/textures/sky_u.png"), filenameSky6(":/gui/textures/sky_d.png") {
     initModelObjects();
     camera = new Camera(this, terrainData);
+    terrainMarkings = new TerrainMarkings(terrainData);
     sky = new Sky(terrainData->dimen);
     terrain = new Terrain(context, terrainData);
     initAllTextures(widget);
@@ -40,6 +42,9 @@ EcosystemRender::~EcosystemRender() {
             arbo::GlTexture::release(sky->getTextureNames()[i]);
     delete sky;
     delete terrainData;
+    if (terrainMarkings)
+        arbo::GlTexture::release(terrainMarkings->sunTexture);
+    delete terrainMarkings;
     delete ecosystemSimulation;
     for (arbo::Arbo* tree : izglediDrevesnihVrst) {
         arbo::GlTexture::release(tree->pogled.textureNames[0]);
@@ -112,25 +117,44 @@ void EcosystemRender::reloadAllTreeTextures() {
     selectTree(selected);
 }
 
-void EcosystemRender::reloadCurrentTreeTextures() {
+bool EcosystemRender::loadTreeTextureImages(const arbo::Arbo& tree, QImage& bark, QImage& leaf) {
     const QString barkName =
-        QString::fromStdString(izbranoArbo->pdPrepared.barkTextureFileName).replace('\\', '/');
+        QString::fromStdString(tree.pdPrepared.barkTextureFileName).replace('\\', '/');
     const QString leafName =
-        QString::fromStdString(izbranoArbo->pdPrepared.leafTextureFileName).replace('\\', '/');
+        QString::fromStdString(tree.pdPrepared.leafTextureFileName).replace('\\', '/');
     // Only regular files: a device or a pipe that a tree file names might never end.
     auto load = [](QImage& image, const QString& name) {
         return QFileInfo(name).isFile() && image.load(name);
     };
-    QImage bark, leaf;
     if (!load(bark, barkName) || !load(leaf, leafName)) {
         arbo::showUserMessage(
             QCoreApplication::translate("EcosystemRender", "Error").toStdString(),
             QCoreApplication::translate("EcosystemRender", "Could not open bark texture file.")
                 .toStdString());
-        return;
+        return false;
     }
     makeTransparent(bark);
     makeTransparent(leaf);
+    return true;
+}
+
+bool EcosystemRender::loadSelectedTreeParameters(const std::string& fileName) {
+    if (!izbranoArbo->pdPrepared.loadParameters(fileName))
+        return false;
+    emit selectedTreeReplaced();
+    return true;
+}
+
+// Needs a current GL context. The views repaint either way: the tree's
+// parameters may have changed with its texture names.
+void EcosystemRender::reloadCurrentTreeTextures() {
+    QImage bark, leaf;
+    if (loadTreeTextureImages(*izbranoArbo, bark, leaf))
+        bindTreeTextures(bark, leaf);
+    emit modelDataChanged();
+}
+
+void EcosystemRender::bindTreeTextures(const QImage& bark, const QImage& leaf) {
     GLuint* names = izbranoArbo->pogled.textureNames;
     arbo::GlTexture::release(names[0]);
     arbo::GlTexture::release(names[1]);
@@ -143,6 +167,12 @@ void EcosystemRender::initAllTextures(QOpenGLWidget* widget) {
     reloadAllTreeTextures();
     sendSkyTexturesToSkyRender();
     initTerrainTextures(widget);
+    initSunTexture();
+}
+
+void EcosystemRender::initSunTexture() {
+    arbo::GlTexture::release(terrainMarkings->sunTexture);
+    terrainMarkings->sunTexture = arbo::GlTexture::bind(TerrainMarkings::sunImage());
 }
 
 void EcosystemRender::initTerrainTextures(QOpenGLWidget* /*widget*/) {
@@ -190,7 +220,23 @@ void EcosystemRender::getSkyTextureFileNames(QString& north, QString& south, QSt
     down = filenameSky6;
 }
 
+// The walk sets the drawing state of each species' model tree for every plant
+// it draws; when the selected tree is one of those models, it gets its own
+// state back, so that the tree-edit view and the check marks keep what the
+// user chose (and a finished animation can end the animation timer).
 int EcosystemRender::renderVisiblePlants() {
+    arbo::Pogled& pogled = izbranoArbo->pogled;
+    const arbo::Pogled kept = pogled;
+    const int visible = drawVisiblePlants();
+    pogled.wireframe = kept.wireframe;
+    pogled.animateGrow = kept.animateGrow;
+    pogled.orbit = kept.orbit;
+    pogled.starostDrevesa = kept.starostDrevesa;
+    pogled.lowQuality = kept.lowQuality;
+    return visible;
+}
+
+int EcosystemRender::drawVisiblePlants() {
     std::vector<int> counts;
     const int visible = visiblePlants.render(
         ecosystemSimulation->rastlinskeVrste, izglediDrevesnihVrst, *izbranoArbo, *camera,
@@ -236,7 +282,28 @@ void EcosystemRender::renderEcosystem() {
     // A newly loaded DEM is taken up here.
     if (!terrainData->isDataReady())
         terrainData->buildTerrainData();
+    renderOverlays();
     renderVisiblePlants();
+}
+
+// The overlays switched on, after the terrain and before the plants.
+void EcosystemRender::renderOverlays() {
+    if (displayTerrainNormals) {
+        glColor3f(1, 0, 0);
+        terrainMarkings->renderNormals();
+    }
+    if (displayTerrainInclination)
+        terrainMarkings->renderInclination();
+    if (displayTerrainMoisture)
+        terrainMarkings->renderMoisture();
+    if (displayTerrainSunniness)
+        terrainMarkings->renderSunniness();
+    if (displayTerrainWindiness)
+        terrainMarkings->renderWindiness();
+    if (displayLandMarkings)
+        terrainMarkings->renderLandMarkings();
+    if (displaySun)
+        terrainMarkings->renderSun();
 }
 
 void EcosystemRender::setLightPosition() {
@@ -295,6 +362,7 @@ void EcosystemRender::toggleSingleRender() {
     izbranoArbo->pogled.animateGrow = false;
     izbranoArbo->pogled.wireframe = false;
     izbranoArbo->pogled.orbit = 0;
+    emit selectedTreeReplaced();
 }
 
 void EcosystemRender::selectNextTreeSpecies() {
@@ -306,6 +374,7 @@ void EcosystemRender::selectNextTreeSpecies() {
     selectTree((indexIzbranegaDrevesa + 1) % int(izglediDrevesnihVrst.size()));
     izbranoArbo->pogled.animateOrbitAround = orbit;
     izbranoArbo->pogled.animateWindSway = sway;
+    emit selectedTreeReplaced();
     emit modelDataChanged();
 }
 
@@ -471,12 +540,17 @@ void EcosystemRender::saveSimulation(std::string fileName) {
 void EcosystemRender::loadSimulation(std::string fileName) {
     ecosystemSimulation->loadSimulation(fileName);
     emit nrPlantsLivingChanged();
+    emit modelDataChanged();
 }
 
-// A rejected file leaves the terrain as it was: nothing to repaint then.
+// The terrain renderer takes the new grid and ortho-photo up at its next draw;
+// the camera is lifted onto the new surface where it has to be. A rejected
+// file leaves the terrain, the camera and the views as they were.
 void EcosystemRender::reloadDMR(std::string fileName) {
-    if (terrainData->reloadDMR(fileName.c_str()))
-        emit modelDataChanged();
+    if (!terrainData->reloadDMR(fileName.c_str()))
+        return;
+    camera->hodiPoTerenu();
+    emit modelDataChanged();
 }
 
 } // namespace ecosystem::render

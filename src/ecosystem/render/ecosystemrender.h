@@ -31,6 +31,7 @@ namespace ecosystem::render {
 class Camera;
 class Sky;
 class Terrain;
+class TerrainMarkings;
 
 // The scene: owns everything that is drawn or simulated, holds every display
 // switch, draws one frame on request and runs one simulation step on request.
@@ -67,6 +68,7 @@ public:
     bool displayLandMarkings = false;
     Camera* camera = nullptr;
     Terrain* terrain = nullptr;
+    TerrainMarkings* terrainMarkings = nullptr;
     Sky* sky = nullptr;
     data::CTerrainData* terrainData = nullptr;
     CEcosystemSimulation* ecosystemSimulation = nullptr;
@@ -97,6 +99,10 @@ signals:
     void stopTreeAnimation();
     void nrPlantsLivingChanged();
     void nrPlantsRenderedChanged();
+    // The selected tree was switched, its parameters were replaced as a whole
+    // (a parameter file loaded into it) or the tree-edit mode was entered or
+    // left: whatever edits the selected tree takes it up again (or closes).
+    void selectedTreeReplaced();
 
 public slots:
     void render();
@@ -145,6 +151,14 @@ public slots:
 public:
     // Pixels whose red, green and blue all exceed 200 become transparent white.
     static void makeTransparent(QImage& image);
+    // The tree's bark and leaf images as its textures show them (transparent
+    // where bright); says "Could not open bark texture file." and returns false
+    // when either cannot be read.
+    static bool loadTreeTextureImages(const arbo::Arbo& tree, QImage& bark, QImage& leaf);
+    // A parameter file into the selected tree's parameters; false (and the
+    // tree as it was) when the file is missing or rejected. Whatever edits the
+    // tree takes the new set up (selectedTreeReplaced).
+    bool loadSelectedTreeParameters(const std::string& fileName);
 
 private:
     void initModelObjects();
@@ -153,7 +167,11 @@ private:
     void countFrame();
     void setLightPosition();
     void renderEcosystem();
+    void renderOverlays();
+    int drawVisiblePlants();
+    void initSunTexture();
     void initTerrainTextures(QOpenGLWidget* widget);
+    void bindTreeTextures(const QImage& bark, const QImage& leaf);
 
     VisiblePlantsRender visiblePlants;
 };

@@ -79,10 +79,14 @@ void TimeKeeper::cameraTimerUpdate() {
     forceUpdateGl();
 }
 
+// While exporting, every step is drawn before its image is taken, also when
+// the scene draws only every n-th step: each image shows its own step.
 void TimeKeeper::simmulationTimerUpdate() {
     emit updateSimulationAndGL();
-    if (animationExportingMode)
+    if (animationExportingMode) {
+        emit updateOnlyGL();
         emit grabFrameBuffer(animationFrameNumber++);
+    }
 }
 
 } // namespace gui::actionhandling

@@ -22,6 +22,23 @@ signals:
 
 public slots:
     void actionShow_ecosystem();
+    void actionDisplay_leaves();
+    void actionColour_uppon();
+    void actionRender_wireframe();
+    void actionHigh_quality_rendering_more_polygons();
+    void actionLighting_enabled();
+    void actionDisplay_background_sky();
+    void actionShow_frame_rate();
+    void actionDo_not_draw_trees_ecosystem_mode();
+    void actionDo_not_refresh_display_only_run_simulation_ecosystem_mode();
+    void actionShow_ecologic_neighborhood_ecosystem_mode();
+    void actionDisplay_terrain_normals();
+    void actionDisplay_terrain_inclination();
+    void actionDisplay_terrain_moisture();
+    void actionDisplay_terrain_sunniness();
+    void actionDisplay_terrain_windiness();
+    void actionDisplay_terrain_land_markings_S_N_E_W();
+    void actionDisplay_sun();
 };
 
 } // namespace gui::actionhandling

@@ -14,10 +14,12 @@
 #include <QtTest>
 
 #include <memory>
+#include <tuple>
 
 #include <sys/stat.h>
 
 using ecosystem::render::EcosystemRender;
+namespace data = ecosystem::data;
 
 // The scene's own behaviour: its trees, switches and tree actions.
 class TestEcosystemRender : public QObject {
@@ -60,7 +62,7 @@ private slots:
                      "Error: Could not open file.\n\nbin/zbirka-4/javorVelikZgorajGost.tree.xml: "
                      "line 3: the strand count 2147483647 lies outside 0 to 10000\n\nThese "
                      "species are drawn with the default tree."});
-        const int strands[6] = {400, 500, 1000, 700, 250, 1000};
+        const int strands[6] = {400, 650, 1000, 900, 250, 1000};
         for (int i = 0; i < 6; ++i)
             QCOMPARE(other.izglediDrevesnihVrst[i]->pdPrepared.stVsehZil, strands[i]);
     }
@@ -169,6 +171,22 @@ private slots:
         QCOMPARE(image.pixel(3, 0), qRgba(30, 120, 40, 255));
     }
 
+    // Every texture the species collection names is compiled into the scene.
+    void collectionTexturesLoad() {
+        arbo::Arbo* tree = scene->getIzbranoArbo();
+        const arbo::ParametriDrevesa old = tree->pdPrepared;
+        for (const char* name : {"grm5", "Vrba Zalujka (Salix Babylonica)", "javorVelikZgorajGost",
+                                 "smrekaMini", "manjseDefault100_vecjiListi"}) {
+            QVERIFY(tree->pdPrepared.loadParameters(std::string(VIRELA_SOURCE_DIR) +
+                                                    "/bin/zbirka-4/" + name + ".tree.xml"));
+            catcher.messages.clear();
+            scene->reloadCurrentTreeTextures();
+            QVERIFY2(catcher.messages.empty(), name);
+        }
+        tree->pdPrepared = old;
+        scene->reloadCurrentTreeTextures();
+    }
+
     // A missing file, or a pipe that would never end (a tree file may name
     // anything), keeps the old textures.
     void missingTextureKeepsTheOldOnesAndSaysSo_data() {
@@ -248,6 +266,104 @@ private slots:
         QVERIFY(!QFile::exists("31.sim"));
         scene->doNotRefreshDisplay = false;
         scene->actionRender_more_often_skip_less_frames();
+    }
+
+    // The walk borrows each species' model tree for its plants; the selected
+    // tree keeps the state the user gave it.
+    void plantWalkLeavesTheSelectedTreeAsItWas() {
+        scene->selectNextTreeSpecies(); // the sixth tree to the first: a species model
+        arbo::Arbo* tree = scene->getIzbranoArbo();
+        QCOMPARE(tree, scene->izglediDrevesnihVrst[0]);
+        tree->pogled.orbit = 12.5;
+        tree->pogled.starostDrevesa = 0.25;
+        QVERIFY(!tree->pogled.animateGrow && !tree->pogled.wireframe);
+        scene->toggleWireframe();
+        const int visible = scene->renderVisiblePlants();
+        QVERIFY(visible > 0);
+        int borrowed = 0;
+        for (int i = 0; i < 5; ++i)
+            borrowed += scene->izglediDrevesnihVrst[i]->pogled.wireframe;
+        QVERIFY(borrowed > 0 || visible < 5); // the others carry the walk's state
+        QVERIFY(!tree->pogled.animateGrow && !tree->pogled.wireframe);
+        QCOMPARE(tree->pogled.orbit, 12.5);
+        QCOMPARE(tree->pogled.starostDrevesa, 0.25);
+        scene->toggleWireframe();
+        for (int i = 0; i < 5; ++i)
+            scene->selectNextTreeSpecies();
+    }
+
+    // With every overlay on, a frame draws the terrain, then the normals (red
+    // lines), the four layers as diamonds of their colours in order, and the
+    // sun's yellow balls last; read back in feedback mode.
+    void overlaysFollowTheTerrainInOrder() {
+        data::CTerrainData& t = *scene->getTerrainData();
+        const auto kept = std::make_tuple(t.terrainInclination, t.terrainMoisture,
+                                          t.terrainSunniness, t.terrainWindiness);
+        t.terrainInclination.assign(t.terrainInclination.size(), 0.2f);
+        t.terrainMoisture.assign(t.terrainMoisture.size(), 0.4f);
+        t.terrainSunniness.assign(t.terrainSunniness.size(), 0.6f);
+        t.terrainWindiness.assign(t.terrainWindiness.size(), 0.8f);
+        for (auto toggle :
+             {&EcosystemRender::toggleDisplayTerrainNormals,
+              &EcosystemRender::toggleDisplayTerrainInclination,
+              &EcosystemRender::toggleDisplayTerrainMoisture,
+              &EcosystemRender::toggleDisplayTerrainSunniness,
+              &EcosystemRender::toggleDisplayTerrainWindiness,
+              &EcosystemRender::toggleDisplayLandMarkings, &EcosystemRender::toggleDisplaySun,
+              &EcosystemRender::toggleDoNotDrawTrees})
+            (scene.get()->*toggle)();
+        std::vector<GLfloat> buffer(8 << 20);
+        glFeedbackBuffer(GLsizei(buffer.size()), GL_3D_COLOR, buffer.data());
+        glRenderMode(GL_FEEDBACK);
+        scene->render();
+        const int size = glRenderMode(GL_RENDER);
+        QVERIFY(size > 0);
+
+        auto near = [](const GLfloat* c, float r, float g, float b) {
+            return std::fabs(c[0] - r) < 0.01f && std::fabs(c[1] - g) < 0.01f &&
+                   std::fabs(c[2] - b) < 0.01f;
+        };
+        QStringList order; // runs of one kind, in the order drawn
+        for (int i = 0; i < size;) {
+            const int token = int(buffer[i++]);
+            int vertices = 1;
+            if (token == GL_POLYGON_TOKEN)
+                vertices = int(buffer[i++]);
+            else if (token == GL_LINE_TOKEN || token == GL_LINE_RESET_TOKEN)
+                vertices = 2;
+            else if (token == GL_PASS_THROUGH_TOKEN)
+                vertices = 0, ++i;
+            const GLfloat* c = &buffer[i + 3];
+            i += 7 * vertices;
+            QString kind = "other";
+            if (token == GL_LINE_TOKEN || token == GL_LINE_RESET_TOKEN)
+                kind = near(c, 1, 0, 0) ? "normals" : "other lines";
+            else if (near(c, 0.2f, 0, 0.2f))
+                kind = "inclination";
+            else if (near(c, 0, 0.4f, 0))
+                kind = "moisture";
+            else if (near(c, 0.6f, 0, 0))
+                kind = "sunniness";
+            else if (near(c, 0.8f, 0.8f, 0))
+                kind = "windiness";
+            else if (c[0] > 0.9f && c[1] > 0.9f && c[2] < 0.1f)
+                kind = "sun";
+            if (order.isEmpty() || order.last() != kind)
+                order << kind;
+        }
+        QCOMPARE(order, QStringList({"other", "normals", "inclination", "moisture", "sunniness",
+                                     "windiness", "sun"}));
+        for (auto toggle :
+             {&EcosystemRender::toggleDisplayTerrainNormals,
+              &EcosystemRender::toggleDisplayTerrainInclination,
+              &EcosystemRender::toggleDisplayTerrainMoisture,
+              &EcosystemRender::toggleDisplayTerrainSunniness,
+              &EcosystemRender::toggleDisplayTerrainWindiness,
+              &EcosystemRender::toggleDisplayLandMarkings, &EcosystemRender::toggleDisplaySun,
+              &EcosystemRender::toggleDoNotDrawTrees})
+            (scene.get()->*toggle)();
+        std::tie(t.terrainInclination, t.terrainMoisture, t.terrainSunniness, t.terrainWindiness) =
+            kept;
     }
 
     void seedsPassThrough() {

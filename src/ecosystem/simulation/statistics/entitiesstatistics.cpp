@@ -53,6 +53,8 @@ void CEntitiesStatistics::addLiveSpecies(const std::vector<int>& stevilaRastlin)
 
 void CEntitiesStatistics::addRenderedSpecies(const std::vector<int>& stevilaRastlin) {
     dodajTocke(grafiStevilaUpodobljenihRastlin, stevilaRastlin);
+    korakiUpodobitev.push_back(
+        grafiStevilaRastlin.empty() ? 0 : int(grafiStevilaRastlin[0]->tocke.size()));
 }
 
 void CEntitiesStatistics::saveSimulationRutinesTimings(int stepNr, int casOstalo, int casDodajal,

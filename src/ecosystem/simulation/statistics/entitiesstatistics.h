@@ -20,6 +20,9 @@ public:
     int umrliSkupaj;
     std::vector<arbo::Krivulja*> grafiStevilaRastlin;             // owned, one per species
     std::vector<arbo::Krivulja*> grafiStevilaUpodobljenihRastlin; // owned, one per species
+    // For each point of the drawn-plant curves, how many living-plant points
+    // (steps) there were when it was drawn: ties every frame to the step it showed.
+    std::vector<int> korakiUpodobitev;
     int sumRenderTime;
     int sumSimmTime;
     std::string logText;

@@ -54,6 +54,10 @@ private slots:
         QCOMPARE(druga.tocke[2].x, 2.0);
         QCOMPARE(druga.tocke[2].y, 22.0);
         QVERIFY(s.getGrafiStevilaRastlin()->empty());
+        // Each drawn point remembers how many steps had been counted.
+        s.addLiveSpecies({1, 2});
+        s.addRenderedSpecies({1, 2});
+        QCOMPARE(s.korakiUpodobitev, std::vector<int>({0, 0, 0, 1}));
     }
 
     void deathsAddUp() {
