@@ -15,6 +15,22 @@
         <source>Error reading DEM terrain file.</source>
         <translation>Napaka pri branju datoteke z DMR terena.</translation>
     </message>
+    <message>
+        <source>Line %1: &quot;%2&quot; is not a number.</source>
+        <translation>Vrstica %1: »%2« ni število.</translation>
+    </message>
+    <message>
+        <source>Line %1: the coordinate %2 lies outside -%3 to %3 m.</source>
+        <translation>Vrstica %1: koordinata %2 je zunaj meja od -%3 do %3 m.</translation>
+    </message>
+    <message>
+        <source>Line %1: the height %2 lies outside -%3 to %3 m.</source>
+        <translation>Vrstica %1: višina %2 je zunaj meja od -%3 do %3 m.</translation>
+    </message>
+    <message>
+        <source>Line %1: the points do not form a grid of %2 rows of %3 points, with X changing along each row and Y from row to row.</source>
+        <translation>Vrstica %1: točke ne tvorijo mreže %2 vrstic po %3 točk, pri kateri se X spreminja vzdolž vrstice, Y pa od vrstice do vrstice.</translation>
+    </message>
 </context>
 <context>
     <name>CRainFactory</name>
@@ -53,6 +69,14 @@
     <message>
         <source>Could not open bark texture file.</source>
         <translation>Datoteke s teksturo lubja ni bilo mogoče odpreti.</translation>
+    </message>
+    <message>
+        <source>Could not open file.</source>
+        <translation>Datoteke ni bilo mogoče odpreti.</translation>
+    </message>
+    <message>
+        <source>These species are drawn with the default tree.</source>
+        <translation>Te vrste so izrisane s privzetim drevesom.</translation>
     </message>
 </context>
 <context>
@@ -909,6 +933,93 @@ Primer:
     </message>
 </context>
 <context>
+    <name>arbo::ParametriDrevesa</name>
+    <message>
+        <source>strand count</source>
+        <translation>število pramenov</translation>
+    </message>
+    <message>
+        <source>trunk height</source>
+        <translation>višina debla</translation>
+    </message>
+    <message>
+        <source>branch thickness per strand</source>
+        <translation>relativna debelina veje na pramen</translation>
+    </message>
+    <message>
+        <source>phyllotaxis angle</source>
+        <translation>kot filotaksije</translation>
+    </message>
+    <message>
+        <source>gravicentralism</source>
+        <translation>gravicentralizem</translation>
+    </message>
+    <message>
+        <source>leaves switch (0 or 1)</source>
+        <translation>stikalo listov (0 ali 1)</translation>
+    </message>
+    <message>
+        <source>leaf size</source>
+        <translation>velikost listov</translation>
+    </message>
+    <message>
+        <source>leaf density</source>
+        <translation>gostota listov</translation>
+    </message>
+    <message>
+        <source>wind gust speed</source>
+        <translation>hitrost sunkov vetra</translation>
+    </message>
+    <message>
+        <source>leaf type</source>
+        <translation>vrsta listov</translation>
+    </message>
+    <message>
+        <source>line %1: the file ends before the %2</source>
+        <translation>vrstica %1: datoteka se konča, preden pride na vrsto %2</translation>
+    </message>
+    <message>
+        <source>line %1: &quot;%2&quot; is not a valid %3</source>
+        <translation>vrstica %1: »%2« ni veljavna vrednost (%3)</translation>
+    </message>
+    <message>
+        <source>line %1: the %2 %3 lies outside %4 to %5</source>
+        <translation>vrstica %1: %2 %3 je zunaj meja od %4 do %5</translation>
+    </message>
+    <message>
+        <source>the file cannot be read</source>
+        <translation>datoteke ni mogoče prebrati</translation>
+    </message>
+    <message>
+        <source>the curves give values beyond the range of numbers</source>
+        <translation>krivulje dajo vrednosti zunaj obsega števil</translation>
+    </message>
+    <message>
+        <source>line %1: the %2 texture file name is missing or longer than 254 characters</source>
+        <translation>vrstica %1: ime datoteke s teksturo (%2) manjka ali je daljše od 254 znakov</translation>
+    </message>
+    <message>
+        <source>bark</source>
+        <translation>lubje</translation>
+    </message>
+    <message>
+        <source>leaf</source>
+        <translation>listi</translation>
+    </message>
+    <message>
+        <source>line %1: unexpected &quot;%2&quot; after the last curve</source>
+        <translation>vrstica %1: nepričakovano »%2« za zadnjo krivuljo</translation>
+    </message>
+    <message>
+        <source>vertex count of curve %1</source>
+        <translation>število oglišč krivulje %1</translation>
+    </message>
+    <message>
+        <source>vertex of curve %1</source>
+        <translation>oglišče krivulje %1</translation>
+    </message>
+</context>
+<context>
     <name>ecosystem::CEcosystemSimulation</name>
     <message>
         <source>Could not save simulation file.</source>
@@ -925,6 +1036,129 @@ Primer:
     <message>
         <source>The simulation file is damaged.</source>
         <translation>Datoteka s simulacijo je poškodovana.</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Napaka</translation>
+    </message>
+    <message>
+        <source>Simulation</source>
+        <translation>Simulacija</translation>
+    </message>
+    <message>
+        <source>The plant area has no dry land: no plant can be sown anywhere on it. New plants grow only beside the existing ones.</source>
+        <translation>Območje rastlin nima suhega kopnega: nikamor nanj ni mogoče posejati rastline. Nove rastline rastejo le ob obstoječih.</translation>
+    </message>
+</context>
+<context>
+    <name>ecosystem::CSimulationFile</name>
+    <message>
+        <source>Line %1: the file ends before the %2.</source>
+        <translation>Vrstica %1: datoteka se konča, preden pride na vrsto %2.</translation>
+    </message>
+    <message>
+        <source>Line %1: &quot;%2&quot; is not a valid %3.</source>
+        <translation>Vrstica %1: »%2« ni veljavna vrednost (%3).</translation>
+    </message>
+    <message>
+        <source>Line %1: the %2 %3 lies outside %4 to %5.</source>
+        <translation>Vrstica %1: %2 %3 je zunaj meja od %4 do %5.</translation>
+    </message>
+    <message>
+        <source>step number</source>
+        <translation>številka koraka</translation>
+    </message>
+    <message>
+        <source>number of species</source>
+        <translation>število vrst</translation>
+    </message>
+    <message>
+        <source>number of plants</source>
+        <translation>število rastlin</translation>
+    </message>
+    <message>
+        <source>grid column</source>
+        <translation>stolpec mreže</translation>
+    </message>
+    <message>
+        <source>grid row</source>
+        <translation>vrstica mreže</translation>
+    </message>
+    <message>
+        <source>position x</source>
+        <translation>položaj x</translation>
+    </message>
+    <message>
+        <source>position y</source>
+        <translation>položaj y</translation>
+    </message>
+    <message>
+        <source>position z</source>
+        <translation>položaj z</translation>
+    </message>
+    <message>
+        <source>plant number</source>
+        <translation>številka rastline</translation>
+    </message>
+    <message>
+        <source>age</source>
+        <translation>starost</translation>
+    </message>
+    <message>
+        <source>size</source>
+        <translation>velikost</translation>
+    </message>
+    <message>
+        <source>crown radius</source>
+        <translation>polmer krošnje</translation>
+    </message>
+    <message>
+        <source>penetration</source>
+        <translation>prodornost</translation>
+    </message>
+    <message>
+        <source>strength</source>
+        <translation>moč</translation>
+    </message>
+    <message>
+        <source>inclination</source>
+        <translation>strmina</translation>
+    </message>
+    <message>
+        <source>moisture</source>
+        <translation>vlažnost</translation>
+    </message>
+    <message>
+        <source>sunniness</source>
+        <translation>osončenost</translation>
+    </message>
+    <message>
+        <source>windiness</source>
+        <translation>vetrovnost</translation>
+    </message>
+    <message>
+        <source>height above water</source>
+        <translation>višina nad vodo</translation>
+    </message>
+    <message>
+        <source>age of death</source>
+        <translation>starost ob smrti</translation>
+    </message>
+    <message>
+        <source>number of plants to sow</source>
+        <translation>število rastlin za setev</translation>
+    </message>
+    <message>
+        <source>random stream state</source>
+        <translation>stanje naključnega toka</translation>
+    </message>
+    <message>
+        <source>plant area bound</source>
+        <translation>meja območja rastlin</translation>
+    </message>
+    <message>
+        <source>Line %1: the plant area, columns %2 to %3 and rows %4 to %5, does not fit the grid of %6 x %7 points.</source>
+        <translation>Vrstica %1: območje rastlin, stolpci od %2 do %3 in vrstice od %4 do %5, ne leži v mreži %6 x %7 točk.</translation>
     </message>
 </context>
 <context>

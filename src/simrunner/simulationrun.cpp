@@ -86,8 +86,10 @@ SimulationRun::~SimulationRun() {
 
 QString SimulationRun::takeMessages() {
     QStringList texts;
+    // A box's text may hold paragraphs (the file, line and reason of a refusal);
+    // the runner says each failure in one line.
     for (const std::string& text : messages)
-        texts << QString::fromStdString(text);
+        texts << QString::fromStdString(text).simplified();
     messages.clear();
     return texts.join(' ');
 }

@@ -12,6 +12,7 @@
 #include "ecosystem/simulation/ecosystemsimulation.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QImage>
 
 #include <GL/gl.h>
@@ -60,8 +61,9 @@ void EcosystemRender::initModelObjects() {
         terrainData->buildTerrainData();
 }
 
-// Five species trees from the collection (relative to the working directory;
-// a missing file leaves the default parameters) and the default tree.
+// Five species trees from the collection (relative to the working directory)
+// and the default tree. A species file that cannot be loaded leaves its tree
+// with the default parameters; one message names every such file and why.
 void EcosystemRender::createModelTrees() {
     const char* files[] = {"bin/zbirka-4/grm5.tree.xml",
                            "bin/zbirka-4/Vrba Zalujka (Salix Babylonica).tree.xml",
@@ -69,13 +71,25 @@ void EcosystemRender::createModelTrees() {
                            "bin/zbirka-4/smrekaMini.tree.xml",
                            "bin/zbirka-4/manjseDefault100_vecjiListi.tree.xml",
                            ""};
+    QString failed;
     for (const char* file : files) {
         auto* tree = new arbo::Arbo();
         tree->createKvadraticnePloskve();
-        tree->pdPrepared.loadParameters(file);
+        std::string reason;
+        if (!tree->pdPrepared.loadParameters(file, &reason) && *file)
+            failed += QString("\n%1: %2")
+                          .arg(QString::fromLocal8Bit(file), QString::fromStdString(reason));
         izglediDrevesnihVrst.push_back(tree);
     }
     selectTree(5);
+    if (!failed.isEmpty())
+        arbo::showUserMessage(
+            QCoreApplication::translate("EcosystemRender", "Error").toStdString(),
+            (QCoreApplication::translate("EcosystemRender", "Could not open file.") + "\n" +
+             failed + "\n\n" +
+             QCoreApplication::translate("EcosystemRender",
+                                         "These species are drawn with the default tree."))
+                .toStdString());
 }
 
 void EcosystemRender::selectTree(int index) {
@@ -107,7 +121,11 @@ bool EcosystemRender::loadTreeTextureImages(const arbo::Arbo& tree, QImage& bark
         QString::fromStdString(tree.pdPrepared.barkTextureFileName).replace('\\', '/');
     const QString leafName =
         QString::fromStdString(tree.pdPrepared.leafTextureFileName).replace('\\', '/');
-    if (!bark.load(barkName) || !leaf.load(leafName)) {
+    // Only regular files: a device or a pipe that a tree file names might never end.
+    auto load = [](QImage& image, const QString& name) {
+        return QFileInfo(name).isFile() && image.load(name);
+    };
+    if (!load(bark, barkName) || !load(leaf, leafName)) {
         arbo::showUserMessage(
             QCoreApplication::translate("EcosystemRender", "Error").toStdString(),
             QCoreApplication::translate("EcosystemRender", "Could not open bark texture file.")
@@ -520,9 +538,11 @@ void EcosystemRender::loadSimulation(std::string fileName) {
 }
 
 // The terrain renderer takes the new grid and ortho-photo up at its next draw;
-// the camera is lifted onto the new surface where it has to be.
+// the camera is lifted onto the new surface where it has to be. A rejected
+// file leaves the terrain, the camera and the views as they were.
 void EcosystemRender::reloadDMR(std::string fileName) {
-    terrainData->reloadDMR(fileName.c_str());
+    if (!terrainData->reloadDMR(fileName.c_str()))
+        return;
     camera->hodiPoTerenu();
     emit modelDataChanged();
 }

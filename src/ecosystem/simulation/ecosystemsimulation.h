@@ -79,6 +79,7 @@ public:
 
 private:
     void prevzemiSimulacijo(const CSimulationFile& vsebina);
+    void povejCeNiSuhihCelic();
     int steviloCelic() const;
     void izprazniIndeksCelic();
     void napolniIndeksCelic();
