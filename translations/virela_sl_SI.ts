@@ -15,6 +15,50 @@
         <source>Error reading DEM terrain file.</source>
         <translation>Napaka pri branju datoteke z DMR terena.</translation>
     </message>
+    <message>
+        <source>Line %1: &quot;%2&quot; is not a number.</source>
+        <translation>Vrstica %1: »%2« ni število.</translation>
+    </message>
+    <message>
+        <source>Line %1: the coordinate %2 lies outside -%3 to %3 m.</source>
+        <translation>Vrstica %1: koordinata %2 je zunaj meja od -%3 do %3 m.</translation>
+    </message>
+    <message>
+        <source>Line %1: the height %2 lies outside -%3 to %3 m.</source>
+        <translation>Vrstica %1: višina %2 je zunaj meja od -%3 do %3 m.</translation>
+    </message>
+    <message>
+        <source>Line %1: the points do not form a grid of %2 rows of %3 points, with X changing along each row and Y from row to row.</source>
+        <translation>Vrstica %1: točke ne tvorijo mreže %2 vrstic po %3 točk, pri kateri se X spreminja vzdolž vrstice, Y pa od vrstice do vrstice.</translation>
+    </message>
+</context>
+<context>
+    <name>CRainFactory</name>
+    <message>
+        <source>Computing moisture</source>
+        <translation>Računam vlažnost</translation>
+    </message>
+</context>
+<context>
+    <name>CSunFactory</name>
+    <message>
+        <source>Computing sunniness</source>
+        <translation>Računam osončenost</translation>
+    </message>
+</context>
+<context>
+    <name>CTerrainNormalsFactory</name>
+    <message>
+        <source>Computing normals</source>
+        <translation>Računam normale</translation>
+    </message>
+</context>
+<context>
+    <name>CWindFactory</name>
+    <message>
+        <source>Computing windiness</source>
+        <translation>Računam vetrovnost</translation>
+    </message>
 </context>
 <context>
     <name>EcosystemRender</name>
@@ -29,6 +73,14 @@
     <message>
         <source>Frames take more than half a second: View &gt; &quot;Fast distant trees&quot; (Ctrl+Shift+F) draws far trees faster.</source>
         <translation>Sličice trajajo več kot pol sekunde: Pogled &gt; »Hitra oddaljena drevesa« (Ctrl+Shift+F) hitreje izriše daljna drevesa.</translation>
+    </message>
+    <message>
+        <source>Could not open file.</source>
+        <translation>Datoteke ni bilo mogoče odpreti.</translation>
+    </message>
+    <message>
+        <source>These species are drawn with the default tree.</source>
+        <translation>Te vrste so izrisane s privzetim drevesom.</translation>
     </message>
 </context>
 <context>
@@ -683,6 +735,295 @@
     </message>
 </context>
 <context>
+    <name>RunOptions</name>
+    <message>
+        <source>See virela-sim --help.</source>
+        <translation>Glej virela-sim --help.</translation>
+    </message>
+    <message>
+        <source>Unexpected argument &apos;%1&apos;. See virela-sim --help.</source>
+        <translation>Nepričakovan argument &apos;%1&apos;. Glej virela-sim --help.</translation>
+    </message>
+    <message>
+        <source>--steps needs a whole number of steps, not &apos;%1&apos;.</source>
+        <translation>--steps potrebuje celo število korakov, ne &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>Give either --seeds or --seed, not both.</source>
+        <translation>Podaj --seeds ali --seed, ne obeh.</translation>
+    </message>
+    <message>
+        <source>--seeds needs thirteen whole numbers separated by commas, not &apos;%1&apos;.</source>
+        <translation>--seeds potrebuje trinajst celih števil, ločenih z vejicami, ne &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>--seed needs a whole number from 1 up, not &apos;%1&apos;.</source>
+        <translation>--seed potrebuje celo število od 1 navzgor, ne &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>--dem needs a file name.</source>
+        <translation>--dem potrebuje ime datoteke.</translation>
+    </message>
+    <message>
+        <source>--load needs a file name.</source>
+        <translation>--load potrebuje ime datoteke.</translation>
+    </message>
+    <message>
+        <source>--area needs four whole numbers FIRST_COLUMN,LAST_COLUMN,FIRST_ROW,LAST_ROW with first &lt;= last, not &apos;%1&apos;.</source>
+        <translation>--area potrebuje štiri cela števila PRVI_STOLPEC,ZADNJI_STOLPEC,PRVA_VRSTICA,ZADNJA_VRSTICA s prvim &lt;= zadnjim, ne &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>--csv, --save and --out need a name.</source>
+        <translation>--csv, --save in --out potrebujejo ime.</translation>
+    </message>
+    <message>
+        <source>--snapshot-every needs a whole number of steps from 1 up, not &apos;%1&apos;.</source>
+        <translation>--snapshot-every potrebuje celo število korakov od 1 navzgor, ne &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>Usage: virela-sim [options]
+Runs the ecosystem simulation of Virela without a window: the same steps,
+statistics lines and simulation files as the window program, one run per call.
+
+Start:
+  --dem FILE           terrain from a DEM file (.dmr, 100 x 100 points) instead
+                       of the compiled-in landscape
+  --load FILE          continue a saved simulation (.sim) as the window program
+                       continues one (the file keeps six digits, and not which
+                       plants were dominated nor the last step&apos;s seed count, so
+                       the continuation is not the saved run&apos;s own)
+  --area X0,X1,Y0,Y1   plant area: grid columns X0 to X1 and rows Y0 to Y1
+                       (default 25,75,25,75; a loaded simulation brings its own)
+  --seeds S1,...,S13   the thirteen random stream seeds (default 1,2,...,13;
+                       with --load they replace the streams stored in the file)
+  --seed N             shorthand for the seeds 13N-12 to 13N (--seed 1 is the
+                       default), for replicate sweeps
+  --steps N            number of steps to simulate (default 100)
+
+Output (missing folders are made; with a bad input nothing is written):
+  --csv FILE           one CSV row per step: living plants, births, deaths by
+                       dominance and by other causes per species, and the
+                       step&apos;s milliseconds
+  --snapshot-every K   save the simulation as &lt;step&gt;.sim after every K-th step
+  --out DIR            folder of the snapshots (default: the working folder)
+  --save FILE          save the final state
+  --help               show this help
+  --version            show the version and the source revision
+
+Standard output carries the window program&apos;s lines: one statistics line per
+step, save and load confirmations. Standard error shows a progress line when it
+is a terminal, and a summary at the end. Ctrl+C stops after the current step
+and leaves complete files.
+Exit status: 0 done, 1 an output could not be written, 2 bad input, 128 + the
+signal number when interrupted.
+
+Example:
+  virela-sim --steps 100 --seed 3 --dem my.dmr --csv runs/3.csv \
+             --snapshot-every 30 --out runs/3 --save runs/3/final.sim
+</source>
+        <translation>Uporaba: virela-sim [možnosti]
+Požene simulacijo ekosistema Virele brez okna: isti koraki, iste vrstice
+statistike in iste datoteke simulacije kot v okenskem programu, en tek na klic.
+
+Začetek:
+  --dem FILE           teren iz datoteke DMR (.dmr, 100 x 100 točk) namesto
+                       vgrajene pokrajine
+  --load FILE          nadaljuj shranjeno simulacijo (.sim), kot jo nadaljuje
+                       okenski program (datoteka hrani šest mest, ne pa tega,
+                       katere rastline so bile dominirane, niti števila semen
+                       zadnjega koraka, zato nadaljevanje ni tek, ki jo je
+                       shranil)
+  --area X0,X1,Y0,Y1   območje rastlin: stolpci mreže od X0 do X1 in vrstice od
+                       Y0 do Y1 (privzeto 25,75,25,75; naložena simulacija
+                       prinese svoje)
+  --seeds S1,...,S13   trinajst semen naključnih tokov (privzeto 1,2,...,13;
+                       z --load zamenjajo tokove, shranjene v datoteki)
+  --seed N             okrajšava za semena od 13N-12 do 13N (--seed 1 so
+                       privzeta), za serije ponovitev
+  --steps N            število korakov simulacije (privzeto 100)
+
+Izhod (manjkajoče mape se ustvarijo; ob slabem vhodu se ne zapiše nič):
+  --csv FILE           ena vrstica CSV na korak: žive rastline, rojstva, smrti
+                       zaradi dominiranosti in zaradi drugih vzrokov po vrstah
+                       ter milisekunde koraka
+  --snapshot-every K   shrani simulacijo kot &lt;korak&gt;.sim po vsakem K-tem koraku
+  --out DIR            mapa posnetkov (privzeto: delovna mapa)
+  --save FILE          shrani končno stanje
+  --help               pokaži to pomoč
+  --version            pokaži različico in revizijo izvorne kode
+
+Standardni izhod nosi vrstice okenskega programa: eno vrstico statistike na
+korak ter potrditve shranjevanja in nalaganja. Standardni izhod za napake kaže
+vrstico napredka, kadar je terminal, in povzetek na koncu. Ctrl+C ustavi po
+trenutnem koraku in pusti cele datoteke.
+Izhodni status: 0 končano, 1 izhoda ni bilo mogoče zapisati, 2 slab vhod,
+128 + številka signala ob prekinitvi.
+
+Primer:
+  virela-sim --steps 100 --seed 3 --dem my.dmr --csv runs/3.csv \
+             --snapshot-every 30 --out runs/3 --save runs/3/final.sim
+</translation>
+    </message>
+</context>
+<context>
+    <name>SimulationRun</name>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min %2 s</source>
+        <translation>%1 min %2 s</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 h %2 min</translation>
+    </message>
+    <message>
+        <source>%1: %2%</source>
+        <translation>%1: %2 %</translation>
+    </message>
+    <message>
+        <source>Could not use the DEM file %1: %2</source>
+        <translation>Datoteke DMR %1 ni mogoče uporabiti: %2</translation>
+    </message>
+    <message>
+        <source>Could not load the simulation %1: %2</source>
+        <translation>Simulacije %1 ni mogoče naložiti: %2</translation>
+    </message>
+    <message>
+        <source>The plant area %1,%2,%3,%4 reaches past the %5 x %6 grid.</source>
+        <translation>Območje rastlin %1,%2,%3,%4 sega čez mrežo %5 x %6.</translation>
+    </message>
+    <message>
+        <source>The plant area %1,%2,%3,%4 has no dry cell to sow plants on.</source>
+        <translation>Območje rastlin %1,%2,%3,%4 nima suhe celice, kamor bi sejali rastline.</translation>
+    </message>
+    <message>
+        <source>%1 is a folder, not a file.</source>
+        <translation>%1 je mapa, ne datoteka.</translation>
+    </message>
+    <message>
+        <source>Cannot write into the folder %1.</source>
+        <translation>V mapo %1 ni mogoče pisati.</translation>
+    </message>
+    <message>
+        <source>Cannot make the folder %1.</source>
+        <translation>Mape %1 ni mogoče ustvariti.</translation>
+    </message>
+    <message>
+        <source>Could not write the CSV file %1.</source>
+        <translation>Datoteke CSV %1 ni mogoče zapisati.</translation>
+    </message>
+    <message>
+        <source>Could not save %1: %2</source>
+        <translation>%1 ni mogoče shraniti: %2</translation>
+    </message>
+    <message>
+        <source>Step %1 of %2: %3 plants, %4 steps/s, about %5 left</source>
+        <translation>Korak %1 od %2: %3 rastlin, %4 korakov/s, še približno %5</translation>
+    </message>
+    <message>
+        <source>Interrupted. </source>
+        <translation>Prekinjeno. </translation>
+    </message>
+    <message>
+        <source>No step simulated; %1 plants living.</source>
+        <translation>Noben korak ni simuliran; živih rastlin: %1.</translation>
+    </message>
+    <message>
+        <source>Steps %1 to %2 in %3 (%4 steps/s); %5 plants living at the end, at most %6 after step %7.</source>
+        <translation>Koraki od %1 do %2 v %3 (%4 korakov/s); na koncu živih rastlin: %5, največ %6 po koraku %7.</translation>
+    </message>
+</context>
+<context>
+    <name>arbo::ParametriDrevesa</name>
+    <message>
+        <source>strand count</source>
+        <translation>število pramenov</translation>
+    </message>
+    <message>
+        <source>trunk height</source>
+        <translation>višina debla</translation>
+    </message>
+    <message>
+        <source>branch thickness per strand</source>
+        <translation>relativna debelina veje na pramen</translation>
+    </message>
+    <message>
+        <source>phyllotaxis angle</source>
+        <translation>kot filotaksije</translation>
+    </message>
+    <message>
+        <source>gravicentralism</source>
+        <translation>gravicentralizem</translation>
+    </message>
+    <message>
+        <source>leaves switch (0 or 1)</source>
+        <translation>stikalo listov (0 ali 1)</translation>
+    </message>
+    <message>
+        <source>leaf size</source>
+        <translation>velikost listov</translation>
+    </message>
+    <message>
+        <source>leaf density</source>
+        <translation>gostota listov</translation>
+    </message>
+    <message>
+        <source>wind gust speed</source>
+        <translation>hitrost sunkov vetra</translation>
+    </message>
+    <message>
+        <source>leaf type</source>
+        <translation>vrsta listov</translation>
+    </message>
+    <message>
+        <source>line %1: the file ends before the %2</source>
+        <translation>vrstica %1: datoteka se konča, preden pride na vrsto %2</translation>
+    </message>
+    <message>
+        <source>line %1: &quot;%2&quot; is not a valid %3</source>
+        <translation>vrstica %1: »%2« ni veljavna vrednost (%3)</translation>
+    </message>
+    <message>
+        <source>line %1: the %2 %3 lies outside %4 to %5</source>
+        <translation>vrstica %1: %2 %3 je zunaj meja od %4 do %5</translation>
+    </message>
+    <message>
+        <source>the file cannot be read</source>
+        <translation>datoteke ni mogoče prebrati</translation>
+    </message>
+    <message>
+        <source>the curves give values beyond the range of numbers</source>
+        <translation>krivulje dajo vrednosti zunaj obsega števil</translation>
+    </message>
+    <message>
+        <source>line %1: the %2 texture file name is missing or longer than 254 characters</source>
+        <translation>vrstica %1: ime datoteke s teksturo (%2) manjka ali je daljše od 254 znakov</translation>
+    </message>
+    <message>
+        <source>bark</source>
+        <translation>lubje</translation>
+    </message>
+    <message>
+        <source>leaf</source>
+        <translation>listi</translation>
+    </message>
+    <message>
+        <source>line %1: unexpected &quot;%2&quot; after the last curve</source>
+        <translation>vrstica %1: nepričakovano »%2« za zadnjo krivuljo</translation>
+    </message>
+    <message>
+        <source>vertex count of curve %1</source>
+        <translation>število oglišč krivulje %1</translation>
+    </message>
+    <message>
+        <source>vertex of curve %1</source>
+        <translation>oglišče krivulje %1</translation>
+    </message>
+</context>
+<context>
     <name>ecosystem::CEcosystemSimulation</name>
     <message>
         <source>Could not save simulation file.</source>
@@ -699,6 +1040,129 @@
     <message>
         <source>The simulation file is damaged.</source>
         <translation>Datoteka s simulacijo je poškodovana.</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Napaka</translation>
+    </message>
+    <message>
+        <source>Simulation</source>
+        <translation>Simulacija</translation>
+    </message>
+    <message>
+        <source>The plant area has no dry land: no plant can be sown anywhere on it. New plants grow only beside the existing ones.</source>
+        <translation>Območje rastlin nima suhega kopnega: nikamor nanj ni mogoče posejati rastline. Nove rastline rastejo le ob obstoječih.</translation>
+    </message>
+</context>
+<context>
+    <name>ecosystem::CSimulationFile</name>
+    <message>
+        <source>Line %1: the file ends before the %2.</source>
+        <translation>Vrstica %1: datoteka se konča, preden pride na vrsto %2.</translation>
+    </message>
+    <message>
+        <source>Line %1: &quot;%2&quot; is not a valid %3.</source>
+        <translation>Vrstica %1: »%2« ni veljavna vrednost (%3).</translation>
+    </message>
+    <message>
+        <source>Line %1: the %2 %3 lies outside %4 to %5.</source>
+        <translation>Vrstica %1: %2 %3 je zunaj meja od %4 do %5.</translation>
+    </message>
+    <message>
+        <source>step number</source>
+        <translation>številka koraka</translation>
+    </message>
+    <message>
+        <source>number of species</source>
+        <translation>število vrst</translation>
+    </message>
+    <message>
+        <source>number of plants</source>
+        <translation>število rastlin</translation>
+    </message>
+    <message>
+        <source>grid column</source>
+        <translation>stolpec mreže</translation>
+    </message>
+    <message>
+        <source>grid row</source>
+        <translation>vrstica mreže</translation>
+    </message>
+    <message>
+        <source>position x</source>
+        <translation>položaj x</translation>
+    </message>
+    <message>
+        <source>position y</source>
+        <translation>položaj y</translation>
+    </message>
+    <message>
+        <source>position z</source>
+        <translation>položaj z</translation>
+    </message>
+    <message>
+        <source>plant number</source>
+        <translation>številka rastline</translation>
+    </message>
+    <message>
+        <source>age</source>
+        <translation>starost</translation>
+    </message>
+    <message>
+        <source>size</source>
+        <translation>velikost</translation>
+    </message>
+    <message>
+        <source>crown radius</source>
+        <translation>polmer krošnje</translation>
+    </message>
+    <message>
+        <source>penetration</source>
+        <translation>prodornost</translation>
+    </message>
+    <message>
+        <source>strength</source>
+        <translation>moč</translation>
+    </message>
+    <message>
+        <source>inclination</source>
+        <translation>strmina</translation>
+    </message>
+    <message>
+        <source>moisture</source>
+        <translation>vlažnost</translation>
+    </message>
+    <message>
+        <source>sunniness</source>
+        <translation>osončenost</translation>
+    </message>
+    <message>
+        <source>windiness</source>
+        <translation>vetrovnost</translation>
+    </message>
+    <message>
+        <source>height above water</source>
+        <translation>višina nad vodo</translation>
+    </message>
+    <message>
+        <source>age of death</source>
+        <translation>starost ob smrti</translation>
+    </message>
+    <message>
+        <source>number of plants to sow</source>
+        <translation>število rastlin za setev</translation>
+    </message>
+    <message>
+        <source>random stream state</source>
+        <translation>stanje naključnega toka</translation>
+    </message>
+    <message>
+        <source>plant area bound</source>
+        <translation>meja območja rastlin</translation>
+    </message>
+    <message>
+        <source>Line %1: the plant area, columns %2 to %3 and rows %4 to %5, does not fit the grid of %6 x %7 points.</source>
+        <translation>Vrstica %1: območje rastlin, stolpci od %2 do %3 in vrstice od %4 do %5, ne leži v mreži %6 x %7 točk.</translation>
     </message>
 </context>
 <context>

@@ -1,10 +1,14 @@
 #include "arbo/parametridrevesa.h"
 
+#include "arbo/bralecstevil.h"
+
+#include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <algorithm>
-#include <fstream>
+#include <cmath>
 #include <locale>
 #include <sstream>
 
@@ -102,12 +106,16 @@ void ParametriDrevesa::preracunajParametra(int idParametra) {
         tabela = graviMorfizem;
         break;
     }
+    // The W-curve gives the same 50 values for every row: read once.
+    double vw[stW];
+    for (int wi = 0; wi < stW; ++wi)
+        vw[wi] = interpoliraj(wi / 50.0, w);
     for (int gi = 0; gi < stG; ++gi) {
         double vg = interpoliraj(gi / 15.0, g);
         if (idParametra == 0)
             vg = 0.5 * vg + 0.5;
         for (int wi = 0; wi < stW; ++wi) {
-            const double p = vg * interpoliraj(wi / 50.0, w);
+            const double p = vg * vw[wi];
             double v;
             switch (idParametra) {
             case 0:
@@ -179,55 +187,187 @@ void ParametriDrevesa::shraniParameter(std::ostream& f, const Krivulja& pk) {
     f << '\n';
 }
 
-// A malformed or truncated file, a curve of fewer than two vertices or a texture
-// name longer than the 254 characters the line reader holds leaves the set as it
-// was and returns false. A file that does not open is not reported here: the
-// caller tells the user.
-bool ParametriDrevesa::loadParameters(std::string fileName) {
-    std::ifstream f(fileName);
-    if (!f.is_open())
+namespace {
+
+QString prevedi(const char* besedilo) {
+    return QCoreApplication::translate("arbo::ParametriDrevesa", besedilo);
+}
+
+// The items of the file in the words of the messages.
+const char* const imenaStevil[10] = {
+    QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "strand count"),
+    QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "trunk height"),
+    QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "branch thickness per strand"),
+    QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "phyllotaxis angle"),
+    QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "gravicentralism"),
+    QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "leaves switch (0 or 1)"),
+    QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "leaf size"),
+    QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "leaf density"),
+    QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "wind gust speed"),
+    QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "leaf type")};
+
+// Reads one item after another and says what went wrong with the first that
+// is missing, malformed or out of range.
+class Branje {
+public:
+    Branje(BralecStevil& f, std::string& razlog) : f(f), razlog(razlog) {}
+
+    template <typename T> bool stevilo(T& v, const QString& ime, T najmanj, T najvec) {
+        if (!f.beri(v))
+            return napacno(ime);
+        if (v < najmanj || v > najvec)
+            return izven(ime, QString::number(double(najmanj), 'g', 10),
+                         QString::number(double(najvec), 'g', 10));
+        return true;
+    }
+
+    // Read as a double, so that a value beyond the float range is told as out
+    // of the limits rather than as no number.
+    bool stevilo(float& v, const QString& ime, double najmanj, double najvec) {
+        double d = 0;
+        if (!stevilo(d, ime, najmanj, najvec))
+            return false;
+        v = float(d);
+        return true;
+    }
+
+    bool napacno(const QString& ime) {
+        if (f.zeton().empty())
+            return napaka(prevedi(QT_TRANSLATE_NOOP("arbo::ParametriDrevesa",
+                                                    "line %1: the file ends before the %2"))
+                              .arg(f.vrstica())
+                              .arg(ime));
+        return napaka(prevedi(QT_TRANSLATE_NOOP("arbo::ParametriDrevesa",
+                                                "line %1: \"%2\" is not a valid %3"))
+                          .arg(f.vrstica())
+                          .arg(QString::fromStdString(f.zeton()), ime));
+    }
+
+    bool izven(const QString& ime, const QString& najmanj, const QString& najvec) {
+        return napaka(prevedi(QT_TRANSLATE_NOOP("arbo::ParametriDrevesa",
+                                                "line %1: the %2 %3 lies outside %4 to %5"))
+                          .arg(f.vrstica())
+                          .arg(ime, QString::fromStdString(f.zeton()), najmanj, najvec));
+    }
+
+    bool napaka(const QString& besedilo) {
+        razlog = besedilo.toStdString();
         return false;
-    f.imbue(std::locale::classic());
+    }
+
+private:
+    BralecStevil& f;
+    std::string& razlog;
+};
+
+} // namespace
+
+// Only a regular file is read: a device or a pipe named here might never end.
+bool ParametriDrevesa::loadParameters(std::string fileName, std::string* razlog) {
+    std::string zakaj;
+    QFile datoteka(QFile::decodeName(fileName.c_str()));
+    bool prebrano = false;
     ParametriDrevesa novi(*this);
-    if (!novi.beriVse(f))
+    if (!QFileInfo(datoteka).isFile() || !datoteka.open(QIODevice::ReadOnly)) {
+        zakaj = prevedi(QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "the file cannot be read"))
+                    .toStdString();
+    } else {
+        BralecStevil f(datoteka);
+        prebrano = novi.beriVse(f, zakaj);
+    }
+    if (prebrano) {
+        novi.recalculateRelativeParams();
+        prebrano = novi.tabeleSoKoncne();
+        if (!prebrano)
+            zakaj = prevedi(QT_TRANSLATE_NOOP("arbo::ParametriDrevesa",
+                                              "the curves give values beyond the range of numbers"))
+                        .toStdString();
+    }
+    if (!prebrano) {
+        if (razlog)
+            *razlog = zakaj;
         return false;
+    }
     *this = novi;
-    recalculateRelativeParams();
     return true;
 }
 
-bool ParametriDrevesa::beriVse(std::istream& f) {
-    char vrstica[255];
-    if (!f.getline(vrstica, sizeof vrstica))
+// The two names on lines of their own, each at most 254 characters; then the
+// scalars and curves as whitespace-separated numbers in any layout. Every
+// token must be wholly the number it stands for (so a missing value cannot
+// shift the rest into place), and nothing but whitespace may follow the last
+// curve.
+bool ParametriDrevesa::beriVse(BralecStevil& f, std::string& razlog) {
+    Branje b(f, razlog);
+    for (std::string* imeTeksture : {&barkTextureFileName, &leafTextureFileName}) {
+        if (!f.beriVrstico(*imeTeksture, 254))
+            return b.napaka(
+                prevedi(QT_TRANSLATE_NOOP(
+                            "arbo::ParametriDrevesa",
+                            "line %1: the %2 texture file name is missing or longer than 254 "
+                            "characters"))
+                    .arg(f.vrstica())
+                    .arg(imeTeksture == &barkTextureFileName
+                             ? prevedi(QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "bark"))
+                             : prevedi(QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "leaf"))));
+    }
+    const double m = najvecjaVrednost;
+    auto ime = [](int i) { return prevedi(imenaStevil[i]); };
+    const bool skalarji =
+        b.stevilo(stVsehZil, ime(0), 0, najvecZil) && b.stevilo(dolzinaDebla, ime(1), -m, m) &&
+        b.stevilo(sirinaSteblaNaZilo, ime(2), -m, m) &&
+        b.stevilo(phyllotaxisAngle, ime(3), -m, m) && b.stevilo(graviCentralizem, ime(4), -m, m) &&
+        (f.beri(listi) || b.napacno(ime(5))) && b.stevilo(listSize, ime(6), -m, m) &&
+        b.stevilo(gostotaListov, ime(7), 0, najvecListov) && b.stevilo(windSpeed, ime(8), -m, m) &&
+        b.stevilo(tipListov, ime(9), 0, 4);
+    if (!skalarji)
         return false;
-    barkTextureFileName = vrstica;
-    if (!f.getline(vrstica, sizeof vrstica))
-        return false;
-    leafTextureFileName = vrstica;
-    f >> stVsehZil >> dolzinaDebla >> sirinaSteblaNaZilo >> phyllotaxisAngle >> graviCentralizem >>
-        listi >> listSize >> gostotaListov >> windSpeed >> tipListov;
-    if (!f)
-        return false;
-    for (int i = 0; i < 12; ++i) {
-        Krivulja* k = krivulja(i);
-        naloziParameter(f, *k);
-        if (!f || k->tocke.size() < 2)
+    for (int i = 0; i < 12; ++i)
+        if (!naloziParameter(f, *krivulja(i), i + 1, razlog))
             return false;
+    if (!f.naKoncu()) {
+        int odvec = 0;
+        f.beri(odvec); // only to find the stray token and its line
+        return b.napaka(
+            prevedi(QT_TRANSLATE_NOOP("arbo::ParametriDrevesa",
+                                      "line %1: unexpected \"%2\" after the last curve"))
+                .arg(f.vrstica())
+                .arg(QString::fromStdString(f.zeton())));
     }
     return true;
 }
 
-void ParametriDrevesa::naloziParameter(std::istream& f, Krivulja& pk) {
+bool ParametriDrevesa::naloziParameter(BralecStevil& f, Krivulja& pk, int stKrivulje,
+                                       std::string& razlog) {
+    Branje b(f, razlog);
     pk.tocke.clear();
     int n = 0;
-    if (!(f >> n))
-        return;
+    if (!b.stevilo(n,
+                   prevedi(QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "vertex count of curve %1"))
+                       .arg(stKrivulje),
+                   2, najvecTockKrivulje))
+        return false;
+    pk.tocke.reserve(n);
+    const QString oglisce =
+        prevedi(QT_TRANSLATE_NOOP("arbo::ParametriDrevesa", "vertex of curve %1")).arg(stKrivulje);
     for (int i = 0; i < n; ++i) {
         double x, y;
-        if (!(f >> x >> y))
-            return;
+        if (!b.stevilo(x, oglisce, -najvecjaVrednost, najvecjaVrednost) ||
+            !b.stevilo(y, oglisce, -najvecjaVrednost, najvecjaVrednost))
+            return false;
         pk.tocke.push_back(Tocka2D(x, y));
     }
+    return true;
+}
+
+bool ParametriDrevesa::tabeleSoKoncne() const {
+    for (const auto* tabela :
+         {verjetnostVejitve, kotVejitve, charMin, charMax, lengthScaling, graviMorfizem})
+        for (int g = 0; g < stG; ++g)
+            for (int w = 0; w < stW; ++w)
+                if (!std::isfinite(tabela[g][w]))
+                    return false;
+    return true;
 }
 
 } // namespace arbo

@@ -7,12 +7,27 @@
 
 namespace arbo {
 
+class BralecStevil;
+
 // The parameter set a tree is grown from: scalars, texture names, twelve
 // distribution curves and the six 15 x 50 tables computed from them.
 class ParametriDrevesa {
 public:
     static constexpr int stG = 15; // branching orders in the tables
     static constexpr int stW = 50; // depths in the tables
+
+    // What a parameter file may hold. The species collection uses at most 700
+    // strands, 14 leaves a twig and 4 vertices a curve; the defaults are 1000
+    // strands and 5 leaves. At the limits one frame grows at most 20 000 stem
+    // segments and 300 000 leaves (some 40 ms and 180 MB at the peak; the
+    // largest species has 9800 leaves); larger values only exhaust memory and time.
+    static constexpr int najvecZil = 10000;         // strands in the trunk base, from 0
+    static constexpr int najvecListov = 30;         // leaf density: leaves of a twig, from 0
+    static constexpr int najvecTockKrivulje = 1000; // vertices of a curve, from 2
+    // Every other number of the file (trunk height, thickness per strand,
+    // angles, gravicentralism, leaf size, wind speed, curve vertices) lies
+    // within plus or minus this; the leaf type is 0 to 4.
+    static constexpr double najvecjaVrednost = 1e6;
 
     int stVsehZil;
     double dolzinaDebla;
@@ -52,13 +67,18 @@ public:
     void recalculateRelativeParams();
 
     bool saveParameters(std::string fileName);
-    bool loadParameters(std::string fileName);
+    // False, with the set unchanged, for a file that cannot be read, is
+    // malformed or holds a value beyond the limits above; razlog then says why
+    // (in the user's language), for the caller's message.
+    bool loadParameters(std::string fileName, std::string* razlog = nullptr);
     void shraniParameter(std::ostream& f, const Krivulja& pk);
-    void naloziParameter(std::istream& f, Krivulja& pk);
+    // One curve block; false (razlog set) for a bad count or vertex.
+    bool naloziParameter(BralecStevil& f, Krivulja& pk, int stKrivulje, std::string& razlog);
 
 private:
     Krivulja* krivulja(int i); // the twelve curves in file order
-    bool beriVse(std::istream& f);
+    bool beriVse(BralecStevil& f, std::string& razlog);
+    bool tabeleSoKoncne() const;
 };
 
 } // namespace arbo

@@ -1,4 +1,5 @@
 #include "arbo/parametridrevesa.h"
+#include "support/parametri.h"
 
 #include <QtTest>
 
@@ -29,44 +30,6 @@ std::string preberi(const char* ime) {
 void zapisi(const char* ime, const std::string& besedilo) {
     std::ofstream f(ime);
     f << besedilo;
-}
-
-bool enakeKrivulje(const Krivulja& a, const Krivulja& b) {
-    if (a.tocke.size() != b.tocke.size())
-        return false;
-    for (size_t i = 0; i < a.tocke.size(); ++i)
-        if (a.tocke[i].x != b.tocke[i].x || a.tocke[i].y != b.tocke[i].y)
-            return false;
-    return true;
-}
-
-bool enaka(const ParametriDrevesa& a, const ParametriDrevesa& b) {
-    const Krivulja ParametriDrevesa::*k[12] = {&ParametriDrevesa::verjetnostiVejitveG,
-                                               &ParametriDrevesa::verjetnostiVejitveW,
-                                               &ParametriDrevesa::kotVejitveG,
-                                               &ParametriDrevesa::kotVejitveW,
-                                               &ParametriDrevesa::minCharacteristicLengthG,
-                                               &ParametriDrevesa::minCharacteristicLengthW,
-                                               &ParametriDrevesa::maxCharacteristicLengthG,
-                                               &ParametriDrevesa::maxCharacteristicLengthW,
-                                               &ParametriDrevesa::lengthScalingG,
-                                               &ParametriDrevesa::lengthScalingW,
-                                               &ParametriDrevesa::gravimorphismImpactG,
-                                               &ParametriDrevesa::gravimorphismImpactW};
-    for (auto c : k)
-        if (!enakeKrivulje(a.*c, b.*c))
-            return false;
-    return a.stVsehZil == b.stVsehZil && a.dolzinaDebla == b.dolzinaDebla &&
-           a.sirinaSteblaNaZilo == b.sirinaSteblaNaZilo &&
-           a.phyllotaxisAngle == b.phyllotaxisAngle && a.graviCentralizem == b.graviCentralizem &&
-           a.listi == b.listi && a.listSize == b.listSize && a.gostotaListov == b.gostotaListov &&
-           a.tipListov == b.tipListov && a.windSpeed == b.windSpeed &&
-           a.windSpeedNodirect == b.windSpeedNodirect &&
-           a.barkTextureFileName == b.barkTextureFileName &&
-           a.leafTextureFileName == b.leafTextureFileName &&
-           std::memcmp(a.verjetnostVejitve, b.verjetnostVejitve, sizeof a.verjetnostVejitve) == 0 &&
-           std::memcmp(a.graviMorfizem, b.graviMorfizem, sizeof a.graviMorfizem) == 0 &&
-           std::memcmp(a.charMin, b.charMin, sizeof a.charMin) == 0;
 }
 
 } // namespace
@@ -138,7 +101,7 @@ private slots:
         const ParametriDrevesa prej(p);
         p.preracunajParametra(6);
         p.preracunajParametra(-1);
-        QVERIFY(enaka(p, prej));
+        QVERIFY(testparametri::enaki(p, prej));
         QCOMPARE(p.kotVejitve[0][0], 45.0); // the table was not recomputed either
         p.preracunajParametra(1);
         QCOMPARE(p.kotVejitve[0][0], 180.0);
@@ -183,7 +146,7 @@ private slots:
         QVERIFY(q.loadParameters("krog.tree.xml"));
         QCOMPARE(q.windSpeedNodirect, 9.5);
         q.windSpeedNodirect = p.windSpeedNodirect;
-        QVERIFY(enaka(p, q));
+        QVERIFY(testparametri::enaki(p, q));
         // More than six significant digits are rounded on the way.
         p.dolzinaDebla = 1.23456789;
         QVERIFY(p.saveParameters("krog.tree.xml"));
@@ -207,32 +170,111 @@ private slots:
         QCOMPARE(p.graviMorfizem[0][0], 720 * (0.4 * 0.3) - 180);
     }
 
+    // Each bad file leaves the set as it was and says why (the reason's text).
     void badFilesKeepTheOldSet_data() {
         QTest::addColumn<QString>("besedilo");
-        std::string dobro = "b.png\nl.png\n100 5 0.01 85 0.3 1 0.1 5 1.5 0\n";
+        QTest::addColumn<QString>("razlog");
+        const std::string dobro = "b.png\nl.png\n100 5 0.01 85 0.3 1 0.1 5 1.5 0\n";
         std::string krivulje;
         for (int i = 0; i < 12; ++i)
             krivulje += "2\t\n0\t0.5\n1\t0.5\n\n";
         const auto q = [](const std::string& s) { return QString::fromStdString(s); };
-        QTest::newRow("truncated") << q(dobro + krivulje.substr(0, krivulje.size() - 12));
-        QTest::newRow("letters") << q("b\nl\n100 5 x 85 0.3 1 0.1 5 1.5 0\n" + krivulje);
-        QTest::newRow("bool 2") << q("b\nl\n100 5 0.01 85 0.3 2 0.1 5 1.5 0\n" + krivulje);
-        QTest::newRow("one vertex") << q(dobro + "1\t\n0\t0.5\n\n" + krivulje.substr(16));
-        QTest::newRow("no vertex") << q(dobro + "0\t\n\n" + krivulje.substr(16));
+        const auto skalarji = [&](const std::string& vrstica) {
+            return q("b\nl\n" + vrstica + "\n" + krivulje);
+        };
+        QTest::newRow("truncated") << q(dobro + krivulje.substr(0, krivulje.size() - 12))
+                                   << "line 49: the file ends before the vertex of curve 12";
+        QTest::newRow("letters") << skalarji("100 5 x 85 0.3 1 0.1 5 1.5 0")
+                                 << "line 3: \"x\" is not a valid branch thickness per strand";
+        QTest::newRow("bool 2") << skalarji("100 5 0.01 85 0.3 2 0.1 5 1.5 0")
+                                << "line 3: \"2\" is not a valid leaves switch (0 or 1)";
+        // Without strict tokens "0.1" would give listi 0 and listSize .1: all in place.
+        QTest::newRow("missing gravicentralism")
+            << skalarji("100 5 0.01 85 1 0.1 5 1.5 0")
+            << "line 3: \"0.1\" is not a valid leaves switch (0 or 1)";
+        QTest::newRow("strands at the int limit")
+            << skalarji("2147483647 5 0.01 85 0.3 1 0.1 5 1.5 0")
+            << "line 3: the strand count 2147483647 lies outside 0 to 10000";
+        QTest::newRow("negative strands") << skalarji("-1 5 0.01 85 0.3 1 0.1 5 1.5 0")
+                                          << "line 3: the strand count -1 lies outside 0 to 10000";
+        QTest::newRow("leaf density at the int limit")
+            << skalarji("100 5 0.01 85 0.3 1 0.1 2147483647 1.5 0")
+            << "line 3: the leaf density 2147483647 lies outside 0 to 30";
+        QTest::newRow("leaf type 5") << skalarji("100 5 0.01 85 0.3 1 0.1 5 1.5 5")
+                                     << "line 3: the leaf type 5 lies outside 0 to 4";
+        // A token is kept to 64 characters, and is then no number whatever follows.
+        QTest::newRow("a hundred digits")
+            << skalarji(std::string(100, '1') + " 5 0.01 85 0.3 1 0.1 5 1.5 0")
+            << "line 3: \"" + QString(64, '1') + "\" is not a valid strand count";
+        QTest::newRow("not a number") << skalarji("100 nan 0.01 85 0.3 1 0.1 5 1.5 0")
+                                      << "line 3: \"nan\" is not a valid trunk height";
+        QTest::newRow("beyond double range")
+            << skalarji("100 5 0.01 1e400 0.3 1 0.1 5 1.5 0")
+            << "line 3: \"1e400\" is not a valid phyllotaxis angle";
+        QTest::newRow("beyond float range")
+            << skalarji("100 5 1e39 85 0.3 1 0.1 5 1.5 0")
+            << "line 3: the branch thickness per strand 1e39 lies outside -1000000 to 1000000";
+        QTest::newRow("one vertex") << q(dobro + "1\t\n0\t0.5\n\n" + krivulje.substr(16))
+                                    << "line 4: the vertex count of curve 1 1 lies outside 2 to "
+                                       "1000";
+        QTest::newRow("no vertex") << q(dobro + "0\t\n\n" + krivulje.substr(16))
+                                   << "line 4: the vertex count of curve 1 0 lies outside 2 to "
+                                      "1000";
+        QTest::newRow("a million vertices")
+            << q(dobro + "1000000\t\n0\t0.5\n1\t0.5\n\n" + krivulje.substr(16))
+            << "line 4: the vertex count of curve 1 1000000 lies outside 2 to 1000";
+        QTest::newRow("count with a fraction")
+            << q(dobro + "2.5\t\n0\t0.5\n1\t0.5\n\n" + krivulje.substr(16))
+            << "line 4: \"2.5\" is not a valid vertex count of curve 1";
+        QTest::newRow("vertex too far")
+            << q(dobro + "2\t\n0\t0.5\n1\t-2e6\n\n" + krivulje.substr(16))
+            << "line 6: the vertex of curve 1 -2e6 lies outside "
+               "-1000000 to 1000000";
+        // A step of 1e-303 in x makes the slope, and the table, overflow.
+        QTest::newRow("tables overflow")
+            << q(dobro + krivulje.substr(0, 16 * 8) + "2\t\n0\t0\n1e-303\t1000000\n\n" +
+                 krivulje.substr(16 * 9))
+            << "the curves give values beyond the range of numbers";
+        QTest::newRow("text after the last curve")
+            << q(dobro + krivulje + "7\n") << "line 52: unexpected \"7\" after the last curve";
         QTest::newRow("long name")
-            << q(std::string(300, 'a') + "\nl\n" + dobro.substr(12) + krivulje);
-        QTest::newRow("empty") << QString();
+            << q(std::string(300, 'a') + "\nl\n" + dobro.substr(12) + krivulje)
+            << "line 1: the bark texture file name is missing or longer "
+               "than 254 characters";
+        QTest::newRow("empty") << QString()
+                               << "line 1: the bark texture file name is missing or longer than "
+                                  "254 characters";
     }
     void badFilesKeepTheOldSet() {
         QFETCH(QString, besedilo);
+        QFETCH(QString, razlog);
         zapisi("slabo.tree.xml", besedilo.toStdString());
         ParametriDrevesa p;
         p.stVsehZil = 4321;
         p.kotVejitveW = krivulja({{0, 0.1}, {1, 0.9}});
         p.recalculateRelativeParams();
         const ParametriDrevesa prej(p);
-        QVERIFY(!p.loadParameters("slabo.tree.xml"));
-        QVERIFY(enaka(p, prej));
+        std::string zakaj;
+        QVERIFY(!p.loadParameters("slabo.tree.xml", &zakaj));
+        QVERIFY(testparametri::enaki(p, prej));
+        QCOMPARE(QString::fromStdString(zakaj), razlog);
+    }
+
+    // The largest file the limits allow loads: every count at its limit, every
+    // value at its bound, 1000 vertices in every curve.
+    void limitsLoad() {
+        std::string s = "b\nl\n10000 1e6 -1e6 1e6 -1e6 1 1e6 30 -1e6 4\n";
+        for (int k = 0; k < 12; ++k) {
+            s += "1000\n";
+            for (int i = 0; i < 1000; ++i)
+                s += std::to_string(i / 999.0) + " " + (i % 2 ? "1e6" : "-1e6") + "\n";
+        }
+        zapisi("granice.tree.xml", s);
+        ParametriDrevesa p;
+        QVERIFY(p.loadParameters("granice.tree.xml"));
+        QCOMPARE(p.stVsehZil, ParametriDrevesa::najvecZil);
+        QCOMPARE(p.gostotaListov, ParametriDrevesa::najvecListov);
+        QCOMPARE(int(p.gravimorphismImpactW.tocke.size()), ParametriDrevesa::najvecTockKrivulje);
     }
 
     // Every species file of the collection saves back to the same text and
@@ -255,7 +297,7 @@ private slots:
                  QString::fromStdString(preberi(pot.c_str())));
         ParametriDrevesa q;
         QVERIFY(q.loadParameters("vrsta.tree.xml"));
-        QVERIFY(enaka(p, q));
+        QVERIFY(testparametri::enaki(p, q));
         // The spruce: coniferous needles on the conifers' darker bark.
         if (ime == "smrekaMini.tree.xml") {
             QCOMPARE(q.tipListov, 4); // "Coniferous"

@@ -6,6 +6,9 @@
 #include "ecosystem/simulation/data/terraindata.h"
 #include "ecosystem/simulation/entities/vrstarastlin.h"
 
+#include <QByteArray>
+#include <QImage>
+
 #include <algorithm>
 #include <functional>
 
@@ -73,6 +76,43 @@ inline void reshape(CTerrainData& t, int w, int h, const std::function<float(int
     t.visinskaRazlikaNaTerenu = highest;
     t.dimen = arbo::Tocka(25.0f * w, 1000.0f, 25.0f * h);
     t.spawnLupa();
+}
+
+// Everything a DEM load may change, byte for byte: grid, bounding box, height
+// range, every layer, the dry-land list, the ortho-photo and which factories
+// exist (by address, so a rebuild shows).
+inline QByteArray stanje(const CTerrainData& t) {
+    QByteArray b;
+    auto dodaj = [&b](const void* p, size_t n) {
+        b.append(static_cast<const char*>(p), qsizetype(n));
+    };
+    auto niz = [&dodaj](const auto& v) { dodaj(v.data(), v.size() * sizeof(v[0])); };
+    const float meje[7] = {t.dmrMaxX,
+                           t.dmrMaxY,
+                           t.dmrMaxZ,
+                           t.dmrMinX,
+                           t.dmrMinY,
+                           t.dmrMinZ,
+                           t.visinskaRazlikaNaTerenu};
+    const int cela[7] = {t.stTockX,  t.stTockY,  t.lupaXmin,           t.lupaXmax,
+                         t.lupaYmin, t.lupaYmax, t.dataIsReady ? 1 : 0};
+    const void* tovarne[6] = {t.heighMapFactory.get(),    t.terrainNormalsFactory.get(),
+                              t.inclinationFactory.get(), t.rainFactory.get(),
+                              t.windFactory.get(),        t.sunFactory.get()};
+    dodaj(meje, sizeof meje);
+    dodaj(cela, sizeof cela);
+    dodaj(tovarne, sizeof tovarne);
+    dodaj(t.pTerrainVertexData.data(), t.pTerrainVertexData.size() * sizeof(arbo::Tocka));
+    niz(t.ogliscaTerena);
+    niz(t.terrainNormals);
+    niz(t.terrainInclination);
+    niz(t.terrainMoisture);
+    niz(t.terrainWindiness);
+    niz(t.terrainSunniness);
+    niz(t.nonWaterIndexes);
+    if (t.ortofotoTexture)
+        dodaj(t.ortofotoTexture->constBits(), size_t(t.ortofotoTexture->sizeInBytes()));
+    return b;
 }
 
 inline void potopi(ecosystem::data::CTerrainData& t, int x, int y) {

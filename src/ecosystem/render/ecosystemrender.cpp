@@ -13,12 +13,12 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QImage>
 
 #include <GL/gl.h>
 
 #include <cstdio>
-#include <iostream>
 
 namespace ecosystem::render {
 
@@ -62,8 +62,9 @@ void EcosystemRender::initModelObjects() {
         terrainData->buildTerrainData();
 }
 
-// Five species trees from the collection (relative to the working directory;
-// a missing file leaves the default parameters) and the default tree.
+// Five species trees from the collection (relative to the working directory)
+// and the default tree. A species file that cannot be loaded leaves its tree
+// with the default parameters; one message names every such file and why.
 void EcosystemRender::createModelTrees() {
     const char* files[] = {"bin/zbirka-4/grm5.tree.xml",
                            "bin/zbirka-4/Vrba Zalujka (Salix Babylonica).tree.xml",
@@ -71,13 +72,25 @@ void EcosystemRender::createModelTrees() {
                            "bin/zbirka-4/smrekaMini.tree.xml",
                            "bin/zbirka-4/manjseDefault100_vecjiListi.tree.xml",
                            ""};
+    QString failed;
     for (const char* file : files) {
         auto* tree = new arbo::Arbo();
         tree->createKvadraticnePloskve();
-        tree->pdPrepared.loadParameters(file);
+        std::string reason;
+        if (!tree->pdPrepared.loadParameters(file, &reason) && *file)
+            failed += QString("\n%1: %2")
+                          .arg(QString::fromLocal8Bit(file), QString::fromStdString(reason));
         izglediDrevesnihVrst.push_back(tree);
     }
     selectTree(5);
+    if (!failed.isEmpty())
+        arbo::showUserMessage(
+            QCoreApplication::translate("EcosystemRender", "Error").toStdString(),
+            (QCoreApplication::translate("EcosystemRender", "Could not open file.") + "\n" +
+             failed + "\n\n" +
+             QCoreApplication::translate("EcosystemRender",
+                                         "These species are drawn with the default tree."))
+                .toStdString());
 }
 
 void EcosystemRender::selectTree(int index) {
@@ -109,7 +122,11 @@ bool EcosystemRender::loadTreeTextureImages(const arbo::Arbo& tree, QImage& bark
         QString::fromStdString(tree.pdPrepared.barkTextureFileName).replace('\\', '/');
     const QString leafName =
         QString::fromStdString(tree.pdPrepared.leafTextureFileName).replace('\\', '/');
-    if (!bark.load(barkName) || !leaf.load(leafName)) {
+    // Only regular files: a device or a pipe that a tree file names might never end.
+    auto load = [](QImage& image, const QString& name) {
+        return QFileInfo(name).isFile() && image.load(name);
+    };
+    if (!load(bark, barkName) || !load(leaf, leafName)) {
         arbo::showUserMessage(
             QCoreApplication::translate("EcosystemRender", "Error").toStdString(),
             QCoreApplication::translate("EcosystemRender", "Could not open bark texture file.")
@@ -517,8 +534,7 @@ void EcosystemRender::setRandomGeneratorSeeds(std::vector<unsigned long long> se
 }
 
 void EcosystemRender::simulateNextStepAndUpdateGL() {
-    ecosystemSimulation->simulateNextStep();
-    std::cout << ecosystemSimulation->getEntitiesStatistics()->getLogText() << std::endl;
+    ecosystemSimulation->simulateNextStepAndLog();
     emit nrPlantsLivingChanged();
     // With several steps per rendered frame, only every n-th step asks for a
     // repaint; the simulation itself runs at full pace.
@@ -534,11 +550,7 @@ void EcosystemRender::setAutosave(int steps) {
 }
 
 void EcosystemRender::updateAutoSave() {
-    // The interval is -1 (off) or positive; 0 would divide by zero.
-    if (autoSaveSimulationStepNr < 1)
-        return;
-    if (ecosystemSimulation->simulationStepNr % autoSaveSimulationStepNr == 0)
-        saveSimulation(std::to_string(ecosystemSimulation->simulationStepNr) + ".sim");
+    ecosystemSimulation->autoSave(autoSaveSimulationStepNr);
 }
 
 void EcosystemRender::saveSimulation(std::string fileName) {
@@ -552,9 +564,11 @@ void EcosystemRender::loadSimulation(std::string fileName) {
 }
 
 // The terrain renderer takes the new grid and ortho-photo up at its next draw;
-// the camera is lifted onto the new surface where it has to be.
+// the camera is lifted onto the new surface where it has to be. A rejected
+// file leaves the terrain, the camera and the views as they were.
 void EcosystemRender::reloadDMR(std::string fileName) {
-    terrainData->reloadDMR(fileName.c_str());
+    if (!terrainData->reloadDMR(fileName.c_str()))
+        return;
     camera->hodiPoTerenu();
     emit modelDataChanged();
 }

@@ -26,10 +26,19 @@ CEcosystemSimulation* CEcosystemSimulation::myStaticPtr = nullptr;
 int CEcosystemSimulation::casPobijanjaDominiranihRastlin = 0;
 
 namespace {
-void sporociNapako(const char* besedilo) {
+QString prevedi(const char* besedilo) {
+    return QCoreApplication::translate("ecosystem::CEcosystemSimulation", besedilo);
+}
+
+// besedilo is marked with QT_TRANSLATE_NOOP; a detail, when given, follows on
+// a line of its own.
+void sporociNapako(const char* besedilo, const std::string& podrobnost = std::string()) {
+    QString sporocilo = prevedi(besedilo);
+    if (!podrobnost.empty())
+        sporocilo += '\n' + QString::fromStdString(podrobnost);
     arbo::showUserMessage(
-        "Error",
-        QCoreApplication::translate("ecosystem::CEcosystemSimulation", besedilo).toStdString());
+        prevedi(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation", "Error")).toStdString(),
+        sporocilo.toStdString());
 }
 } // namespace
 
@@ -150,12 +159,52 @@ void CEcosystemSimulation::simulateNextStep() {
     pobijRastline();
     const int casPobijal = elapsedAndRestart();
     saveStatistics(casOstalo, casDodajal, casZrastel, casPobijal);
+    povejCeNiSuhihCelic();
+}
+
+// Plants to be sown anywhere are lost while the lupa has no dry cell (a flat or
+// drowned terrain). Told once for each dry-land list the terrain builds, and
+// only after the step, so the step itself never waits on the user.
+void CEcosystemSimulation::povejCeNiSuhihCelic() {
+    if (!terrainData->nonWaterIndexes.empty() || terrainData->noDryLandReported)
+        return;
+    terrainData->noDryLandReported = true;
+    arbo::showUserMessage(
+        prevedi(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation", "Simulation")).toStdString(),
+        prevedi(
+            QT_TRANSLATE_NOOP(
+                "ecosystem::CEcosystemSimulation",
+                "The plant area has no dry land: no plant can be sown anywhere on it. New plants "
+                "grow only beside the existing ones."))
+            .toStdString());
+}
+
+void CEcosystemSimulation::simulateNextStepAndLog() {
+    simulateNextStep();
+    std::cout << entitiesStatistics.getLogText() << std::endl;
+}
+
+std::string CEcosystemSimulation::autoSave(int period, const std::string& folder) {
+    // The period is -1 (off) or positive; 0 would divide by zero.
+    if (period < 1 || simulationStepNr % period != 0)
+        return std::string();
+    std::string fileName = std::to_string(simulationStepNr) + ".sim";
+    if (!folder.empty())
+        fileName = folder + "/" + fileName;
+    saveSimulation(fileName);
+    return fileName;
 }
 
 void CEcosystemSimulation::dodajRastlineVrstam() {
-    for (CVrstaRastlin& vrsta : rastlinskeVrste)
+    std::vector<int>& rojeni = entitiesStatistics.rojeniVKoraku;
+    rojeni.assign(rastlinskeVrste.size(), 0);
+    for (size_t v = 0; v < rastlinskeVrste.size(); ++v) {
+        CVrstaRastlin& vrsta = rastlinskeVrste[v];
+        const size_t prej = vrsta.ziviPrimerkiTeVrste.size();
         vrsta.dodajKomuliraneRastline(
             vrsta.stNovihRastlinNaSimulacijskiKorak * vrsta.komulacijaSemen, rastlinePoTerenu);
+        rojeni[v] = int(vrsta.ziviPrimerkiTeVrste.size() - prej);
+    }
 }
 
 void CEcosystemSimulation::zrastiVseRastlineInDolociMoci() {
@@ -215,10 +264,22 @@ void CEcosystemSimulation::pobijRastline() {
                          });
     lifeFactors.dominanceGrid = &dominanceGrid;
     umrleVCelicah.clear();
+    // The predicate reaches the simulation that steps, even when another one
+    // was made (and perhaps destroyed) after it.
+    myStaticPtr = this;
     QElapsedTimer odlocanje;
     odlocanje.start();
-    for (CVrstaRastlin& vrsta : rastlinskeVrste)
-        vrsta.ziviPrimerkiTeVrste.remove_if(&CEcosystemSimulation::umreSedaj);
+    // The life factors book each death under its cause; the species are
+    // decided one after another, so the counters' growth is the species' share.
+    statistics::CEntitiesStatistics& s = entitiesStatistics;
+    s.umrliZaradiDominiranostiVKoraku.assign(rastlinskeVrste.size(), 0);
+    s.umrliOstaloVKoraku.assign(rastlinskeVrste.size(), 0);
+    for (size_t v = 0; v < rastlinskeVrste.size(); ++v) {
+        const int dominiranostPrej = s.umrliZaradiDominiranosti, ostaloPrej = s.umrliOstalo;
+        rastlinskeVrste[v].ziviPrimerkiTeVrste.remove_if(&CEcosystemSimulation::umreSedaj);
+        s.umrliZaradiDominiranostiVKoraku[v] = s.umrliZaradiDominiranosti - dominiranostPrej;
+        s.umrliOstaloVKoraku[v] = s.umrliOstalo - ostaloPrej;
+    }
     casPobijanjaDominiranihRastlin = static_cast<int>(odlocanje.elapsed());
     lifeFactors.dominanceGrid = nullptr;
     // Keep each species' plants packed in memory; the cell index follows them.
@@ -359,8 +420,9 @@ void CEcosystemSimulation::loadSimulation(const std::string& filename) {
                                         "The simulation file has another number of species."));
         return;
     case CSimulationFile::Izid::Pokvarjena:
-        sporociNapako(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation",
-                                        "The simulation file is damaged."));
+        sporociNapako(
+            QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation", "The simulation file is damaged."),
+            vsebina.razlog);
         return;
     }
     prevzemiSimulacijo(vsebina);

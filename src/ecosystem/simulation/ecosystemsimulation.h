@@ -48,6 +48,13 @@ public:
 
     void setTerrainData(data::CTerrainData& terrainData);
     void simulateNextStep();
+    // One step as the program runs it: the step, then its statistics line on
+    // standard output.
+    void simulateNextStepAndLog();
+    // Autosave after a step: with period p >= 1, a step number that is a
+    // multiple of p is saved as "<step>.sim" in folder (the working directory
+    // when empty). Returns the file name when it saved, else an empty string.
+    std::string autoSave(int period, const std::string& folder = std::string());
     statistics::CEntitiesStatistics* getEntitiesStatistics();
 
     void setRandomGeneratorSeeds(const std::vector<unsigned long long>& seeds);
@@ -72,6 +79,7 @@ public:
 
 private:
     void prevzemiSimulacijo(const CSimulationFile& vsebina);
+    void povejCeNiSuhihCelic();
     int steviloCelic() const;
     void izprazniIndeksCelic();
     void napolniIndeksCelic();

@@ -12,7 +12,11 @@ CSejalecKjerkoliRastlinNaTeren::CSejalecKjerkoliRastlinNaTeren(data::CTerrainDat
                                                                std::vector<arbo::Tocka>& pozicije3d)
     : terrainData(terrainData), pozicije2d(pozicije2d), pozicije3d(pozicije3d) {}
 
+// Without a dry cell in the lupa (a flat or drowned terrain) there is nowhere
+// to sow: nothing is drawn and the plants are lost; the simulation says so.
 void CSejalecKjerkoliRastlinNaTeren::dodajRastlineKjerkoli(int stRastlinRastocihKjerkoli) {
+    if (terrainData.nonWaterIndexes.empty())
+        return;
     for (int i = 0; i < stRastlinRastocihKjerkoli; ++i) {
         Tocka2i pozicija2d;
         dolociPozicijoNoveRastline2Dkjerkoli(pozicija2d);

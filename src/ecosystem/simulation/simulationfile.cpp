@@ -1,118 +1,197 @@
 #include "ecosystem/simulation/simulationfile.h"
 
-#include <QByteArray>
-#include <QFile>
+#include "arbo/bralecstevil.h"
 
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
 #include <cfloat>
-#include <charconv>
 #include <cmath>
 
 namespace ecosystem {
 
-// Whitespace-separated tokens of the file, each converted only when it is a
-// whole number of the asked type (no locale: the file always uses '.').
-class CSimulationFile::Bralec {
-public:
-    explicit Bralec(const QByteArray& besedilo)
-        : p(besedilo.constData()), konec(besedilo.constData() + besedilo.size()) {}
+namespace {
+QString prevedi(const char* besedilo) {
+    return QCoreApplication::translate("ecosystem::CSimulationFile", besedilo);
+}
 
-    bool beri(int& vrednost) { return pretvori(vrednost); }
-    bool beri(unsigned long long& vrednost) { return pretvori(vrednost); }
-    bool beri(float& vrednost) {
+QString kotBesedilo(int v) {
+    return QString::number(v);
+}
+
+QString kotBesedilo(float v) {
+    return QString::number(double(v), 'g', 7);
+}
+} // namespace
+
+// Reads one value after another and keeps, for the first that is missing,
+// malformed or out of range, its line and what is wrong with it.
+class CSimulationFile::Branje {
+public:
+    Branje(arbo::BralecStevil& f, std::string& razlog) : f(f), razlog(razlog) {}
+
+    template <typename T> bool beri(T& v, const char* ime) {
+        if (f.beri(v))
+            return true;
+        if (f.zeton().empty())
+            return napaka(prevedi(QT_TRANSLATE_NOOP("ecosystem::CSimulationFile",
+                                                    "Line %1: the file ends before the %2."))
+                              .arg(f.vrstica())
+                              .arg(prevedi(ime)));
+        return napaka(prevedi(QT_TRANSLATE_NOOP("ecosystem::CSimulationFile",
+                                                "Line %1: \"%2\" is not a valid %3."))
+                          .arg(f.vrstica())
+                          .arg(QString::fromStdString(f.zeton()), prevedi(ime)));
+    }
+
+    bool beri(int& v, const char* ime, int najmanj, int najvec) {
+        return beri(v, ime) && vMejah(v, ime, najmanj, najvec);
+    }
+
+    // Read as a double, so that a value beyond the float range is told as out
+    // of the limits rather than as no number.
+    bool beri(float& v, const char* ime, float najmanj, float najvec) {
         double d = 0;
-        const char* zacetek = nullptr;
-        const char* kraj = nullptr;
-        if (!naslednji(zacetek, kraj))
+        if (!beri(d, ime))
             return false;
-        const auto [ptr, ec] = std::from_chars(zacetek, kraj, d);
-        if (ec != std::errc() || ptr != kraj || !std::isfinite(d) || std::fabs(d) > FLT_MAX)
+        const float z = std::fabs(d) <= FLT_MAX ? float(d) : float(d > 0 ? HUGE_VALF : -HUGE_VALF);
+        if (!vMejah(z, ime, najmanj, najvec))
             return false;
-        vrednost = static_cast<float>(d);
+        v = z;
         return true;
     }
+
+    template <typename T, typename M> bool vMejah(T v, const char* ime, M najmanj, M najvec) {
+        if (v >= najmanj && v <= najvec)
+            return true;
+        return napaka(prevedi(QT_TRANSLATE_NOOP("ecosystem::CSimulationFile",
+                                                "Line %1: the %2 %3 lies outside %4 to %5."))
+                          .arg(f.vrstica())
+                          .arg(prevedi(ime), QString::fromStdString(f.zeton()),
+                               kotBesedilo(najmanj), kotBesedilo(najvec)));
+    }
+
+    bool napaka(const QString& besedilo) {
+        razlog = besedilo.toStdString();
+        return false;
+    }
+
+    int vrstica() const { return f.vrstica(); }
 
 private:
-    template <typename T> bool pretvori(T& vrednost) {
-        const char* zacetek = nullptr;
-        const char* kraj = nullptr;
-        if (!naslednji(zacetek, kraj))
-            return false;
-        const auto [ptr, ec] = std::from_chars(zacetek, kraj, vrednost);
-        return ec == std::errc() && ptr == kraj;
-    }
-    bool naslednji(const char*& zacetek, const char*& kraj) {
-        while (p < konec && jePresledek(*p))
-            ++p;
-        if (p == konec)
-            return false;
-        zacetek = p;
-        while (p < konec && !jePresledek(*p))
-            ++p;
-        kraj = p;
-        return true;
-    }
-    static bool jePresledek(char c) {
-        return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f';
-    }
-
-    const char* p;
-    const char* konec;
+    arbo::BralecStevil& f;
+    std::string& razlog;
 };
 
+// Only a regular file is read (a device or a pipe might never end), a piece at
+// a time: the memory held grows with the plants, never with the file.
 CSimulationFile::Izid CSimulationFile::preberi(const std::string& fileName, int pricakovanoStVrst,
                                                int stTockX, int stTockY) {
     QFile datoteka(QString::fromStdString(fileName));
-    if (!datoteka.open(QIODevice::ReadOnly))
+    if (!QFileInfo(datoteka).isFile() || !datoteka.open(QIODevice::ReadOnly))
         return Izid::NiOdprta;
-    const QByteArray besedilo = datoteka.readAll();
-    Bralec bralec(besedilo);
-    if (!bralec.beri(simulationStepNr) || simulationStepNr < 0 || !bralec.beri(steviloVrst))
+    arbo::BralecStevil bralec(datoteka);
+    Branje b(bralec, razlog);
+    if (!b.beri(simulationStepNr, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "step number"), 0,
+                najvecjiKorak) ||
+        !b.beri(steviloVrst, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "number of species")))
         return Izid::Pokvarjena;
     if (steviloVrst != pricakovanoStVrst)
         return Izid::NapacnoSteviloVrst;
+    if (!preberiRastline(b, stTockX, stTockY) || !preberiOstalo(b, stTockX, stTockY))
+        return Izid::Pokvarjena;
+    return Izid::Prebrano;
+}
+
+bool CSimulationFile::preberiRastline(Branje& b, int stTockX, int stTockY) {
     rastlineVrst.assign(steviloVrst, {});
+    int vseh = 0;
     for (std::vector<Rastlina>& rastline : rastlineVrst) {
         int stRastlin = 0;
-        if (!bralec.beri(stRastlin) || stRastlin < 0)
-            return Izid::Pokvarjena;
+        if (!b.beri(stRastlin, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "number of plants"),
+                    0, najvecRastlin - vseh))
+            return false;
+        vseh += stRastlin;
+        // Room grows with the plants read, not with the count the file claims.
+        rastline.reserve(std::min(stRastlin, 4096));
         for (int i = 0; i < stRastlin; ++i) {
             Rastlina rastlina;
-            if (!preberiRastlino(bralec, stTockX, stTockY, rastlina))
-                return Izid::Pokvarjena;
+            if (!preberiRastlino(b, stTockX, stTockY, rastlina))
+                return false;
             rastline.push_back(rastlina);
         }
     }
-    return preberiOstalo(bralec, stTockX, stTockY) ? Izid::Prebrano : Izid::Pokvarjena;
+    return true;
 }
 
-bool CSimulationFile::preberiRastlino(Bralec& bralec, int stTockX, int stTockY, Rastlina& r) {
-    const bool prebrano = bralec.beri(r.x) && bralec.beri(r.y) && bralec.beri(r.pozicijaX) &&
-                          bralec.beri(r.pozicijaY) && bralec.beri(r.pozicijaZ) &&
-                          bralec.beri(r.id) && bralec.beri(r.trenutnaStarost) &&
-                          bralec.beri(r.trenutnaVelikost) && bralec.beri(r.trenutniRadij) &&
-                          bralec.beri(r.prodornost) && bralec.beri(r.trenutnaMoc) &&
-                          bralec.beri(r.strminaTukaj) && bralec.beri(r.vlaznostTukaj) &&
-                          bralec.beri(r.sonceTukaj) && bralec.beri(r.veterTukaj) &&
-                          bralec.beri(r.visinaTukajNormNadVodo) && bralec.beri(r.umreNaKoraku);
-    // A plant stands on a cell of the grid; its layers are read there.
-    return prebrano && r.x >= 0 && r.x < stTockX && r.y >= 0 && r.y < stTockY;
+bool CSimulationFile::preberiRastlino(Branje& b, int stTockX, int stTockY, Rastlina& r) {
+    const float robX = 25.0f * float(stTockX), robZ = 25.0f * float(stTockY);
+    const float delez = najvecjiDelez;
+    const bool prebrano =
+        b.beri(r.x, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "grid column"), 0,
+               stTockX - 1) &&
+        b.beri(r.y, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "grid row"), 0, stTockY - 1) &&
+        b.beri(r.pozicijaX, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "position x"), -25.0f,
+               robX) &&
+        b.beri(r.pozicijaY, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "position y"),
+               -najvecjaVisina, najvecjaVisina) &&
+        b.beri(r.pozicijaZ, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "position z"), -25.0f,
+               robZ) &&
+        b.beri(r.id, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "plant number")) &&
+        b.beri(r.trenutnaStarost, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "age"), 0,
+               najvecjaStarost) &&
+        b.beri(r.trenutnaVelikost, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "size"), 0.0f,
+               delez) &&
+        b.beri(r.trenutniRadij, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "crown radius"),
+               0.0f, najvecjiRadij) &&
+        b.beri(r.prodornost, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "penetration"), 0.0f,
+               delez) &&
+        b.beri(r.trenutnaMoc, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "strength"), 0.0f,
+               delez) &&
+        b.beri(r.strminaTukaj, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "inclination")) &&
+        b.beri(r.vlaznostTukaj, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "moisture")) &&
+        b.beri(r.sonceTukaj, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "sunniness")) &&
+        b.beri(r.veterTukaj, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "windiness")) &&
+        b.beri(r.visinaTukajNormNadVodo,
+               QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "height above water")) &&
+        b.beri(r.umreNaKoraku, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "age of death"),
+               0.0f, float(najvecjaStarost));
+    return prebrano;
 }
 
-bool CSimulationFile::preberiOstalo(Bralec& bralec, int stTockX, int stTockY) {
+bool CSimulationFile::preberiOstalo(Branje& b, int stTockX, int stTockY) {
     komulacijePrihajajocihRastlin.assign(steviloVrst, 0.0f);
     for (float& komulacija : komulacijePrihajajocihRastlin)
-        if (!bralec.beri(komulacija))
+        if (!b.beri(komulacija,
+                    QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "number of plants to sow"),
+                    0.0f, najvecPrihajajocih))
             return false;
     seeds.assign(13, 0);
     for (unsigned long long& seed : seeds)
-        if (!bralec.beri(seed))
+        if (!b.beri(seed, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "random stream state")))
             return false;
-    if (!bralec.beri(lupaXmin) || !bralec.beri(lupaXmax) || !bralec.beri(lupaYmin) ||
-        !bralec.beri(lupaYmax))
+    const char* meja = QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "plant area bound");
+    if (!b.beri(lupaXmin, meja) || !b.beri(lupaXmax, meja) || !b.beri(lupaYmin, meja) ||
+        !b.beri(lupaYmax, meja))
         return false;
     // The lupa bounds the cells that the sowers and the above-water test look at.
-    return 0 <= lupaXmin && lupaXmin <= lupaXmax && lupaXmax < stTockX && 0 <= lupaYmin &&
-           lupaYmin <= lupaYmax && lupaYmax < stTockY;
+    if (0 <= lupaXmin && lupaXmin <= lupaXmax && lupaXmax < stTockX && 0 <= lupaYmin &&
+        lupaYmin <= lupaYmax && lupaYmax < stTockY)
+        return true;
+    return b.napaka(
+        prevedi(QT_TRANSLATE_NOOP(
+                    "ecosystem::CSimulationFile",
+                    "Line %1: the plant area, columns %2 to %3 and rows %4 to %5, does not fit "
+                    "the grid of %6 x %7 points."))
+            .arg(b.vrstica())
+            .arg(lupaXmin)
+            .arg(lupaXmax)
+            .arg(lupaYmin)
+            .arg(lupaYmax)
+            .arg(stTockX)
+            .arg(stTockY));
 }
 
 } // namespace ecosystem

@@ -3,12 +3,32 @@
 #include <string>
 #include <vector>
 
+namespace arbo {
+class BralecStevil;
+}
+
 namespace ecosystem {
 
 // The contents of a simulation file (".sim"), read completely and checked
 // before the running simulation is touched, so that a bad file changes nothing.
 class CSimulationFile {
 public:
+    // What a simulation file may hold. A saved run has its not yet sown
+    // fractions below 1, sizes, penetrations and strengths in 0 to 1 and ages
+    // below the species' age of certain death (at most 250 steps); the limits
+    // leave room for hand-edited files while every later step stays finite,
+    // ends and fits in memory.
+    static constexpr int najvecjiKorak = 1000000000;   // step number: 1.1e9 more steps fit an int
+    static constexpr int najvecRastlin = 1000000;      // plants, all species together
+    static constexpr int najvecjaStarost = 1000000;    // age and age of death, in steps
+    static constexpr float najvecjiDelez = 1.01f;      // size, penetration, strength (from 0)
+    static constexpr float najvecjiRadij = 1000.0f;    // crown radius in metres (from 0)
+    static constexpr float najvecPrihajajocih = 10000; // not yet sown plants of a species
+    static constexpr float najvecjaVisina = 1e6f;      // |height| of a plant's position
+    // A plant's x and z lie within one cell (25 m) of the grid; the other four
+    // values it keeps (inclination, moisture, sunniness, windiness, height
+    // above water) need only be finite.
+
     // One plant line: cell, 3-D position and the state that is restored.
     struct Rastlina {
         int x, y;
@@ -27,15 +47,20 @@ public:
     std::vector<float> komulacijePrihajajocihRastlin;
     std::vector<unsigned long long> seeds; // thirteen stream states
     int lupaXmin = 0, lupaXmax = 0, lupaYmin = 0, lupaYmax = 0;
+    // Why a file is Pokvarjena: its line and what is wrong there, in the
+    // user's language.
+    std::string razlog;
 
     // Reads fileName; a file is accepted only when it has pricakovanoStVrst
-    // species, every cell lies in the stTockX x stTockY grid and the lupa too.
+    // species, every value within the limits above, every cell in the
+    // stTockX x stTockY grid and the lupa too.
     Izid preberi(const std::string& fileName, int pricakovanoStVrst, int stTockX, int stTockY);
 
 private:
-    class Bralec;
-    bool preberiRastlino(Bralec& bralec, int stTockX, int stTockY, Rastlina& rastlina);
-    bool preberiOstalo(Bralec& bralec, int stTockX, int stTockY);
+    class Branje;
+    bool preberiRastline(Branje& b, int stTockX, int stTockY);
+    bool preberiRastlino(Branje& b, int stTockX, int stTockY, Rastlina& rastlina);
+    bool preberiOstalo(Branje& b, int stTockX, int stTockY);
 };
 
 } // namespace ecosystem

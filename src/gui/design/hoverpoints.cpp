@@ -1,5 +1,7 @@
 #include "gui/design/hoverpoints.h"
 
+#include "arbo/parametridrevesa.h"
+
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
@@ -108,7 +110,9 @@ bool HoverPoints::eventFilter(QObject* object, QEvent* event) {
 
 bool HoverPoints::mousePressed(const QPointF& position, Qt::MouseButton button) {
     const int hit = pointAt(position);
-    if (button == Qt::LeftButton && hit < 0 && editable) {
+    // No more points than a parameter file may hold in a curve.
+    if (button == Qt::LeftButton && hit < 0 && editable &&
+        pointList.size() < arbo::ParametriDrevesa::najvecTockKrivulje) {
         const int index = insertionIndex(position);
         pointList.insert(index, position);
         locks.insert(locks.begin() + index, 0u);

@@ -105,7 +105,9 @@ AdvancedTreeProperties::AdvancedTreeProperties(QWidget* parent, arbo::Arbo* tree
 void AdvancedTreeProperties::addRows(QGridLayout* grid) {
     using P = arbo::ParametriDrevesa;
 
-    editNumberOfStrands = intSpin(this, "editNumberOfStrands", 100000);
+    // The strand count and leaf density end where a parameter file's do: a tree
+    // made here can always be saved and loaded again, and stays within memory.
+    editNumberOfStrands = intSpin(this, "editNumberOfStrands", P::najvecZil);
     addRow(
         grid, tr("Tree age (number of strands):"), sliderNumberOfStrands, 5000, editNumberOfStrands,
         0, [](const P& p) { return double(p.stVsehZil); },
@@ -139,7 +141,7 @@ void AdvancedTreeProperties::addRows(QGridLayout* grid) {
     grid->addWidget(leafType, LeafTypeRow, 0);
     grid->addWidget(editLeafType, LeafTypeRow, 2);
 
-    editLeafDensity = intSpin(this, "editLeafDensity", 1000);
+    editLeafDensity = intSpin(this, "editLeafDensity", P::najvecListov);
     addRow(
         grid, tr("Leaf density:"), sliderLeafDensity, 30, editLeafDensity, 0,
         [](const P& p) { return double(p.gostotaListov); },

@@ -6,13 +6,17 @@
 #include "support/glcontext.h"
 #include "support/messagecatcher.h"
 
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <QImage>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
 #include <tuple>
+
+#include <sys/stat.h>
 
 using ecosystem::render::EcosystemRender;
 namespace data = ecosystem::data;
@@ -29,6 +33,52 @@ private slots:
         QVERIFY(gl.createWithViewState());
         // The working directory has no tree collection: six default trees.
         scene = std::make_unique<EcosystemRender>(&gl.context, nullptr);
+        QCOMPARE(catcher.messages.size(), size_t(1)); // naming the five files
+    }
+
+    // A bad species file is named, with its reason, in one message; its
+    // species keeps the default tree and the others load.
+    void badSpeciesFileIsNamedAndTheOthersLoad() {
+        QTemporaryDir dir;
+        QVERIFY(QDir(dir.path()).mkpath("bin/zbirka-4"));
+        const QString from = VIRELA_SOURCE_DIR "/bin/zbirka-4/";
+        for (const QString& f : QDir(from).entryList(QDir::Files))
+            QVERIFY(QFile::copy(from + f, dir.filePath("bin/zbirka-4/" + f)));
+        const QString bad = dir.filePath("bin/zbirka-4/javorVelikZgorajGost.tree.xml");
+        QFile f(bad);
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        QByteArray text = f.readAll();
+        f.close();
+        text.replace("\n600\t", "\n2147483647\t");
+        QVERIFY(QFile::remove(bad) && f.open(QIODevice::WriteOnly) && f.write(text) > 0);
+        f.close();
+        const QString here = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(dir.path()));
+        catcher.messages.clear();
+        EcosystemRender other(&gl.context, nullptr);
+        QDir::setCurrent(here);
+        QCOMPARE(catcher.lines(),
+                 std::vector<std::string>{
+                     "Error: Could not open file.\n\nbin/zbirka-4/javorVelikZgorajGost.tree.xml: "
+                     "line 3: the strand count 2147483647 lies outside 0 to 10000\n\nThese "
+                     "species are drawn with the default tree."});
+        const int strands[6] = {400, 650, 1000, 900, 250, 1000};
+        for (int i = 0; i < 6; ++i)
+            QCOMPARE(other.izglediDrevesnihVrst[i]->pdPrepared.stVsehZil, strands[i]);
+    }
+
+    // Only a DEM that loads changes the terrain and repaints the views.
+    void rejectedDemRepaintsNothing() {
+        QSignalSpy repaint(scene.get(), &EcosystemRender::modelDataChanged);
+        catcher.messages.clear();
+        const QImage* ortho = scene->getTerrainData()->ortofotoTexture.get();
+        scene->reloadDMR("/no/such/terrain.dmr");
+        QCOMPARE(repaint.count(), 0);
+        QCOMPARE(catcher.messages.size(), size_t(1));
+        QCOMPARE(scene->getTerrainData()->ortofotoTexture.get(), ortho);
+        scene->reloadDMR(":/gui/textures/100x100.dmr");
+        QCOMPARE(repaint.count(), 1);
+        QVERIFY(scene->getTerrainData()->ortofotoTexture.get() != ortho);
     }
 
     void startsInEcosystemModeWithTheSixthTree() {
@@ -137,13 +187,26 @@ private slots:
         scene->reloadCurrentTreeTextures();
     }
 
+    // A missing file, or a pipe that would never end (a tree file may name
+    // anything), keeps the old textures.
+    void missingTextureKeepsTheOldOnesAndSaysSo_data() {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("missing") << "no/such/bark.jpg";
+        QTest::newRow("a pipe") << "@fifo";
+    }
     void missingTextureKeepsTheOldOnesAndSaysSo() {
+        QFETCH(QString, name);
+        QTemporaryDir dir;
+        if (name == "@fifo") {
+            name = dir.filePath("pipe.png");
+            QCOMPARE(mkfifo(name.toLocal8Bit().constData(), 0600), 0);
+        }
         arbo::Arbo* tree = scene->getIzbranoArbo();
         const GLuint bark = tree->pogled.textureNames[0];
         const GLuint leaf = tree->pogled.textureNames[1];
         const std::string old = tree->pdPrepared.barkTextureFileName;
         catcher.messages.clear();
-        tree->pdPrepared.barkTextureFileName = "no/such/bark.jpg";
+        tree->pdPrepared.barkTextureFileName = name.toStdString();
         scene->reloadCurrentTreeTextures();
         QCOMPARE(catcher.lines(),
                  std::vector<std::string>{"Error: Could not open bark texture file."});

@@ -6,6 +6,7 @@
 #include "ecosystem/simulation/sejaleckjerkolirastlinnateren.h"
 #include "ecosystem/simulation/sejalecrastlinnateren.h"
 #include "support/messagecatcher.h"
+#include "support/simulationstate.h"
 #include "support/terrain.h"
 
 #include <QFile>
@@ -445,25 +446,57 @@ private slots:
         QCOMPARE(stanje(b, false) + seme(b), nadaljevanoA);
     }
 
+    // A good saved file with one thing changed: "@plant:<field>=<value>" in the
+    // first plant's line, "@line:<n>=<text>" for a whole line, "@sow=<value>"
+    // for the first species' not yet sown plants, "@cut" for its first half.
+    // %L in the message is the line changed.
     void badFilesChangeNothing_data() {
         QTest::addColumn<QByteArray>("vsebina");
         QTest::addColumn<QString>("sporocilo");
         QTest::addColumn<bool>("neujemanje");
+        const QString pokvarjena = "Error: The simulation file is damaged.\nLine ";
+        auto vrstica = [](int polje, const char* vrednost) {
+            return QByteArray("@plant:") + QByteArray::number(polje) + "=" + vrednost;
+        };
         QTest::newRow("missing") << QByteArray() << "Error: Could not open simulation file."
                                  << true;
-        QTest::newRow("truncated")
-            << QByteArray("@cut") << "Error: The simulation file is damaged." << false;
+        QTest::newRow("truncated") << QByteArray("@cut") << "@ends" << false;
         QTest::newRow("word for a number")
-            << QByteArray("@word") << "Error: The simulation file is damaged." << false;
+            << vrstica(1, "x8") << pokvarjena + "%L: \"x8\" is not a valid grid row." << false;
         QTest::newRow("cell off the grid")
-            << QByteArray("@cell") << "Error: The simulation file is damaged." << false;
+            << vrstica(0, "100") << pokvarjena + "%L: the grid column 100 lies outside 0 to 99."
+            << false;
+        QTest::newRow("age at the int limit")
+            << vrstica(6, "2147483647")
+            << pokvarjena + "%L: the age 2147483647 lies outside 0 to 1000000." << false;
+        QTest::newRow("huge size")
+            << vrstica(7, "3e38") << pokvarjena + "%L: the size 3e38 lies outside 0 to 1.01."
+            << false;
+        QTest::newRow("negative penetration")
+            << vrstica(9, "-0.5") << pokvarjena + "%L: the penetration -0.5 lies outside 0 to 1.01."
+            << false;
+        QTest::newRow("never dies")
+            << vrstica(16, "1e30")
+            << pokvarjena + "%L: the age of death 1e30 lies outside 0 to 1000000." << false;
+        QTest::newRow("step at the int limit")
+            << QByteArray("@line:0=2147483647")
+            << pokvarjena + "1: the step number 2147483647 lies outside 0 to 1000000000." << false;
+        QTest::newRow("two million plants")
+            << QByteArray("@line:2=2000000")
+            << pokvarjena + "3: the number of plants 2000000 lies outside 0 to 1000000." << false;
+        QTest::newRow("a billion plants to sow")
+            << QByteArray("@sow=1e9")
+            << pokvarjena + "%L: the number of plants to sow 1e9 lies outside 0 to 10000." << false;
         QTest::newRow("lupa off the grid")
-            << QByteArray("@lupa") << "Error: The simulation file is damaged." << false;
+            << QByteArray("@lupa")
+            << pokvarjena + "%L: the plant area, columns 25 to 100 and rows 25 to 75, does not "
+                            "fit the grid of 100 x 100 points."
+            << false;
         QTest::newRow("four species")
             << QByteArray("12\n4\n0\n0\n0\n0\n")
             << "Error: The simulation file has another number of species." << true;
-        QTest::newRow("empty") << QByteArray("") << "Error: The simulation file is damaged."
-                               << false;
+        QTest::newRow("empty") << QByteArray("")
+                               << pokvarjena + "1: the file ends before the step number." << false;
     }
     void badFilesChangeNothing() {
         QFETCH(QByteArray, vsebina);
@@ -475,40 +508,50 @@ private slots:
         for (int i = 0; i < 20; ++i)
             s.simulateNextStep();
         s.saveSimulation("dobra.sim");
-        QByteArray dobra = preberi("dobra.sim");
-        QByteArray slaba = vsebina;
-        if (vsebina == "@cut") {
-            slaba = dobra.left(dobra.size() / 2);
-        } else if (vsebina == "@word") {
-            slaba = dobra;
-            slaba.replace(slaba.indexOf('\t', slaba.indexOf("\n", 4) + 1) + 1, 1, "x");
-        } else if (vsebina == "@cell") {
-            const QList<QByteArray> vrstice = dobra.split('\n');
-            int v = 2;
-            while (vrstice[v].toInt() == 0)
-                ++v; // first species with plants; its first plant follows
-            QByteArray plant = vrstice[v + 1];
-            plant.replace(0, plant.indexOf('\t'), "100");
-            slaba = dobra;
-            slaba.replace(vrstice[v + 1], plant);
+        QList<QByteArray> vrstice = preberi("dobra.sim").split('\n');
+        int v = 2;
+        while (vrstice[v].toInt() == 0)
+            ++v; // first species with plants; its first plant follows
+        int spremenjena = v + 1;
+        const int zadnjaRastlina = int(vrstice.size()) - 4;
+        if (vsebina.startsWith("@plant:")) {
+            const QList<QByteArray> dela = vsebina.mid(7).split('=');
+            QList<QByteArray> polja = vrstice[v + 1].split('\t');
+            polja[dela[0].toInt()] = dela[1];
+            vrstice[v + 1] = polja.join('\t');
+        } else if (vsebina.startsWith("@line:")) {
+            const QList<QByteArray> dela = vsebina.mid(6).split('=');
+            spremenjena = dela[0].toInt();
+            vrstice[spremenjena] = dela[1];
+        } else if (vsebina.startsWith("@sow=")) {
+            spremenjena = zadnjaRastlina + 1;
+            QList<QByteArray> polja = vrstice[spremenjena].split('\t');
+            polja[0] = vsebina.mid(5);
+            vrstice[spremenjena] = polja.join('\t');
         } else if (vsebina == "@lupa") {
-            slaba = dobra;
-            slaba.replace("25\t75\t25\t75\n", "25\t100\t25\t75\n");
+            spremenjena = zadnjaRastlina + 2;
+            vrstice[spremenjena] = "25\t100\t25\t75";
         }
+        QByteArray slaba = vrstice.join('\n');
+        if (vsebina == "@cut") {
+            slaba = slaba.left(slaba.size() / 2);
+            sporocilo = "Error: The simulation file is damaged.\nLine " +
+                        QString::number(slaba.count('\n') + 1) + ": the file ends before the ";
+        } else if (!vsebina.startsWith('@')) {
+            slaba = vsebina;
+        }
+        sporocilo.replace("%L", QString::number(spremenjena + 1));
         const QString ime = QTest::currentDataTag() == QString("missing") ? "ni.sim" : "slaba.sim";
         if (ime == "slaba.sim")
             zapisi(ime, slaba);
-        const std::string prej = stanje(s) + seme(s);
-        const int lastId = CRastlina::lastID;
-        const size_t tocke = s.entitiesStatistics.grafiStevilaRastlin[0]->tocke.size();
+        const std::string prej = testsimulation::stanje(s);
         Izhod izhod;
         s.loadSimulation(ime.toStdString());
-        QCOMPARE(stanje(s) + seme(s), prej);
-        QCOMPARE(CRastlina::lastID, lastId);
-        QCOMPARE(s.entitiesStatistics.grafiStevilaRastlin[0]->tocke.size(), tocke);
+        QCOMPARE(testsimulation::stanje(s), prej);
         QCOMPARE(teren.lupaXmax, 75);
         QCOMPARE(catcher.messages.size(), size_t(1));
-        QCOMPARE(QString::fromStdString(catcher.lines()[0]), sporocilo);
+        QVERIFY2(QString::fromStdString(catcher.lines()[0]).startsWith(sporocilo),
+                 catcher.lines()[0].c_str());
         QCOMPARE(QString::fromStdString(izhod.err.str()),
                  neujemanje ? QString("Number of species size mismatch!\n") : QString());
         QVERIFY(izhod.out.str().empty());

@@ -268,6 +268,22 @@ private slots:
             QCOMPARE(c.y, e / 8);
         }
     }
+
+    // No dry cell (a flat or drowned lupa): nowhere to sow, nothing drawn.
+    void anywhereWithoutDryLandSowsNothing() {
+        teren.lupaXmin = teren.lupaXmax = 3;
+        teren.buildNonwaterIndexes(); // a half-open lupa of no width
+        QVERIFY(teren.nonWaterIndexes.empty());
+        std::vector<Tocka2i> p2;
+        std::vector<arbo::Tocka> p3;
+        nastavi({1, 2, 3, 4, 5, 6});
+        CSejalecKjerkoliRastlinNaTeren(teren, p2, p3).dodajRastlineKjerkoli(7);
+        QVERIFY(p2.empty() && p3.empty());
+        const Tokovi t = trenutni();
+        QCOMPARE(t.kjerkoli, 4ULL);
+        QCOMPARE(t.i, 5ULL);
+        QCOMPARE(t.j, 6ULL);
+    }
 };
 
 QTEST_GUILESS_MAIN(TestSowing)

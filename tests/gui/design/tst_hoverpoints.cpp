@@ -1,3 +1,4 @@
+#include "arbo/parametridrevesa.h"
 #include "gui/design/hoverpoints.h"
 #include "gui/design/widgetgraph.h"
 
@@ -113,6 +114,22 @@ private slots:
         mouse(&g, QEvent::MouseMove, {150, 10}, Qt::NoButton);
         QCOMPARE(g.points().size(), 4);
         QCOMPARE(hover.count(), 0);
+    }
+
+    // A curve ends at the points a parameter file may hold: it can always be saved.
+    void aFullCurveTakesNoMorePoints() {
+        QWidget w;
+        w.resize(400, 100);
+        HoverPoints h(&w, HoverPoints::CircleShape);
+        QPolygonF full;
+        for (int i = 0; i < arbo::ParametriDrevesa::najvecTockKrivulje - 1; ++i)
+            full << QPointF(i * 0.3, 10);
+        h.setPoints(full);
+        mouse(&w, QEvent::MouseButtonPress, {350, 40}, Qt::LeftButton);
+        mouse(&w, QEvent::MouseButtonRelease, {350, 40}, Qt::LeftButton);
+        QCOMPARE(h.points().size(), full.size() + 1);
+        mouse(&w, QEvent::MouseButtonPress, {380, 60}, Qt::LeftButton);
+        QCOMPARE(h.points().size(), full.size() + 1);
     }
 
     void hoverReportsThePosition() {

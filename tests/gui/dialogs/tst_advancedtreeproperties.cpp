@@ -138,13 +138,15 @@ private slots:
         QTest::newRow("phyllotaxis") << "PhyllotaxisAngle"
                                      << "137.5" << 137.5 << 137;
         QTest::newRow("strands") << "NumberOfStrands"
-                                 << "20000" << 20000.0 << -1;
+                                 << "9000" << 9000.0 << -1;
+        QTest::newRow("strands clamped") << "NumberOfStrands"
+                                         << "20000" << 10000.0 << -1;
         QTest::newRow("density") << "LeafDensity"
-                                 << "100" << 100.0 << -1;
+                                 << "25" << 25.0 << 25;
         QTest::newRow("leaf size") << "LeafSize"
                                    << "2" << 2.0 << -1;
         QTest::newRow("density clamped") << "LeafDensity"
-                                         << "5000" << 1000.0 << -1;
+                                         << "5000" << 30.0 << 30;
         QTest::newRow("wind clamped") << "WindSpeed"
                                       << "5000" << 1000.0 << -1;
         QTest::newRow("thickness clamped") << "BranchThicknessPerStrand"

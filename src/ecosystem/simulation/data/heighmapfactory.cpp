@@ -1,14 +1,17 @@
 #include "ecosystem/simulation/data/heighmapfactory.h"
 
+#include "arbo/bralecstevil.h"
 #include "arbo/usermessage.h"
 #include "ecosystem/simulation/data/terraindata.h"
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QtDebug>
 
-#include <charconv>
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace ecosystem::data {
 
@@ -20,52 +23,71 @@ const float velikostKrpe = 25.0f; // grid spacing in metres
 const int ortoSize = 128;
 const int nrHeightTextures = 5;
 
-// text is marked with QT_TRANSLATE_NOOP in the "CHeighMapFactory" context.
-void reportDmrError(const char* text) {
-    arbo::showUserMessage(QCoreApplication::translate("CHeighMapFactory", "Error").toStdString(),
-                          QCoreApplication::translate("CHeighMapFactory", text).toStdString());
+QString prevedi(const char* text) {
+    return QCoreApplication::translate("CHeighMapFactory", text);
+}
+
+// text is marked with QT_TRANSLATE_NOOP in the "CHeighMapFactory" context; a
+// detail, when given, follows on a line of its own.
+bool reportDmrError(const char* text, const QString& detail = QString()) {
+    QString message = prevedi(text);
+    if (!detail.isEmpty())
+        message += '\n' + detail;
+    arbo::showUserMessage(prevedi(QT_TRANSLATE_NOOP("CHeighMapFactory", "Error")).toStdString(),
+                          message.toStdString());
+    return false;
+}
+
+const char* const readError =
+    QT_TRANSLATE_NOOP("CHeighMapFactory", "Error reading DEM terrain file.");
+
+// -1 marks an unset bound, so a coordinate of exactly -1 is overwritten by the next.
+void widen(float& max, float& min, float v) {
+    if (max == -1 || v > max)
+        max = v;
+    if (min == -1 || v < min)
+        min = v;
+}
+
+// Strictly rising or strictly falling, as the coordinates of a grid's
+// columns or rows are: the index of the first value that breaks it, or 0. The
+// smallest step goes into smallest.
+size_t breaksMonotony(const std::vector<float>& v, float& smallest) {
+    for (size_t i = 1; i < v.size(); ++i) {
+        const float step = v[i] - v[i - 1];
+        if (step == 0 || (step > 0) != (v[1] > v[0]))
+            return i;
+        smallest = std::min(smallest, std::fabs(step));
+    }
+    return 0;
+}
+
+// The index of the first point off the grid that row 0's X and each row's
+// first Y span (within a quarter of the smallest spacing), or -1.
+long long offGrid(const CHeighMapFactory::Mreza& m, const std::vector<float>& xs,
+                  const std::vector<float>& ys) {
+    const size_t w = size_t(m.stTockX);
+    std::vector<float> columnX(xs.begin(), xs.begin() + w);
+    std::vector<float> rowY(size_t(m.stTockY));
+    for (size_t y = 0; y < rowY.size(); ++y)
+        rowY[y] = ys[y * w];
+    float smallest = std::numeric_limits<float>::infinity();
+    if (const size_t i = breaksMonotony(columnX, smallest))
+        return (long long)i;
+    if (const size_t i = breaksMonotony(rowY, smallest))
+        return (long long)(i * w);
+    const float tolerance = 0.25f * smallest;
+    for (size_t i = 0; i < xs.size(); ++i)
+        if (std::fabs(xs[i] - columnX[i % w]) > tolerance ||
+            std::fabs(ys[i] - rowY[i / w]) > tolerance)
+            return (long long)i;
+    return -1;
 }
 
 // Textures of different sizes are read at the same position, wrapped into each.
 QRgb pixelAt(const QImage& image, int x, int y) {
     return image.pixel(x % image.width(), y % image.height());
 }
-
-bool isSpace(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f';
-}
-
-// Whitespace-separated decimal numbers, read without regard to the C locale (a
-// Slovene locale would otherwise expect decimal commas).
-class NumberReader {
-public:
-    explicit NumberReader(const QByteArray& text)
-        : pos(text.constData()), end(text.constData() + text.size()) {}
-
-    bool atEnd() {
-        while (pos < end && isSpace(*pos))
-            ++pos;
-        return pos == end;
-    }
-
-    // False at the end of the text, and for a token that is not a finite number.
-    bool read(float& value) {
-        if (atEnd())
-            return false;
-        const char* tokenEnd = pos;
-        while (tokenEnd < end && !isSpace(*tokenEnd))
-            ++tokenEnd;
-        const char* first = (*pos == '+') ? pos + 1 : pos;
-        const auto result = std::from_chars(first, tokenEnd, value);
-        const bool ok = result.ec == std::errc() && result.ptr == tokenEnd && std::isfinite(value);
-        pos = tokenEnd;
-        return ok;
-    }
-
-private:
-    const char* pos;
-    const char* end;
-};
 
 // Plain band colours standing in for a height texture that cannot be loaded (the
 // textures are compiled into the user interface only), so the ortho-photo still
@@ -107,66 +129,104 @@ float normalisedHeight(float height, float range) {
 
 CHeighMapFactory::CHeighMapFactory(CTerrainData* terrainData) : terrainData(terrainData) {}
 
-void CHeighMapFactory::loadDmrHeighMap(const char* fileName) {
+bool CHeighMapFactory::loadDmrHeighMap(const char* fileName) {
+    Mreza mreza;
+    if (!preberiDmr(fileName, terrainData->stTockX, terrainData->stTockY, mreza))
+        return false;
+    prevzemi(mreza);
+    return true;
+}
+
+// Only a regular file is read (a device or a pipe might never end), a piece at
+// a time: numbers after the last needed point are not read at all.
+bool CHeighMapFactory::preberiDmr(const char* fileName, int stTockX, int stTockY, Mreza& mreza) {
     QFile file(QString::fromLocal8Bit(fileName));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        reportDmrError(QT_TRANSLATE_NOOP("CHeighMapFactory", "Could not open DEM terrain file."));
-        return;
-    }
-    const QByteArray text = file.readAll();
-    NumberReader reader(text); // reads from text, which must outlive it
-    CTerrainData& t = *terrainData;
-
-    t.dmrMaxX = t.dmrMaxY = t.dmrMaxZ = -1;
-    t.dmrMinX = t.dmrMinY = t.dmrMinZ = -1;
-
-    for (int y = 0; y < t.stTockY; ++y) {
-        for (int x = 0; x < t.stTockX; ++x) {
-            if (reader.atEnd()) {
-                reportDmrError(
-                    QT_TRANSLATE_NOOP("CHeighMapFactory", "Error reading DEM terrain file."));
-                return;
-            }
-            Tocka& point = t.ogliscaTerena[x + y * t.stTockX];
-            point.x = velikostKrpe * x;
-            point.z = velikostKrpe * y;
-            float beriX, beriY, beriZ;
-            // A token that is not a number counts as the end of the data.
-            if (!reader.read(beriX) || !reader.read(beriY) || !reader.read(beriZ)) {
-                reportDmrError(
-                    QT_TRANSLATE_NOOP("CHeighMapFactory", "Error reading DEM terrain file."));
-                return;
-            }
-            point.y = beriZ;
-            zgradiBoundingBoxDmr(beriX, beriY, beriZ);
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
+        return reportDmrError(
+            QT_TRANSLATE_NOOP("CHeighMapFactory", "Could not open DEM terrain file."));
+    if (stTockX < 1 || stTockY < 1)
+        return reportDmrError(readError);
+    arbo::BralecStevil reader(file);
+    Mreza m;
+    m.stTockX = stTockX;
+    m.stTockY = stTockY;
+    const size_t n = size_t(stTockX) * size_t(stTockY);
+    m.tocke.resize(n);
+    std::vector<float> xs(n), ys(n);
+    std::vector<int> lines(n);
+    for (size_t i = 0; i < n; ++i) {
+        double v[3]; // as doubles: a value beyond the float range is out of the limits
+        for (int k = 0; k < 3; ++k) {
+            if (reader.beri(v[k]))
+                continue;
+            if (reader.zeton().empty())
+                return reportDmrError(readError);
+            return reportDmrError(
+                readError,
+                prevedi(QT_TRANSLATE_NOOP("CHeighMapFactory", "Line %1: \"%2\" is not a number."))
+                    .arg(reader.vrstica())
+                    .arg(QString::fromStdString(reader.zeton())));
         }
+        lines[i] = reader.vrstica();
+        for (int k = 0; k < 3; ++k) {
+            const double limit = k < 2 ? najvecjaKoordinata : najvecjaVisina;
+            if (std::fabs(v[k]) > limit)
+                return reportDmrError(
+                    readError, (k < 2 ? prevedi(QT_TRANSLATE_NOOP(
+                                            "CHeighMapFactory",
+                                            "Line %1: the coordinate %2 lies outside -%3 to %3 m."))
+                                      : prevedi(QT_TRANSLATE_NOOP(
+                                            "CHeighMapFactory",
+                                            "Line %1: the height %2 lies outside -%3 to %3 m.")))
+                                   .arg(lines[i])
+                                   .arg(v[k], 0, 'g', 10)
+                                   .arg(limit, 0, 'g', 10));
+        }
+        const float x = float(v[0]), y = float(v[1]), z = float(v[2]);
+        xs[i] = x;
+        ys[i] = y;
+        m.tocke[i] = Tocka(velikostKrpe * int(i % stTockX), z, velikostKrpe * int(i / stTockX));
+        widen(m.maxX, m.minX, x);
+        widen(m.maxY, m.minY, y);
+        widen(m.maxZ, m.minZ, z);
     }
+    const long long off = offGrid(m, xs, ys);
+    if (off >= 0)
+        return reportDmrError(
+            readError,
+            prevedi(QT_TRANSLATE_NOOP("CHeighMapFactory",
+                                      "Line %1: the points do not form a grid of %2 rows "
+                                      "of %3 points, with X changing along each row and "
+                                      "Y from row to row."))
+                .arg(lines[size_t(off)])
+                .arg(stTockY)
+                .arg(stTockX));
+    mreza = std::move(m);
+    return true;
+}
 
-    const int n = t.stTockX * t.stTockY;
-    for (int i = 0; i < n; ++i)
+void CHeighMapFactory::prevzemi(const Mreza& mreza) {
+    CTerrainData& t = *terrainData;
+    t.dmrMaxX = mreza.maxX;
+    t.dmrMaxY = mreza.maxY;
+    t.dmrMaxZ = mreza.maxZ;
+    t.dmrMinX = mreza.minX;
+    t.dmrMinY = mreza.minY;
+    t.dmrMinZ = mreza.minZ;
+    const size_t n = mreza.tocke.size();
+    for (size_t i = 0; i < n; ++i) {
+        t.ogliscaTerena[i] = mreza.tocke[i];
         t.ogliscaTerena[i].y -= t.dmrMinZ;
-    for (int i = 0; i < n; ++i)
         t.pTerrainVertexData[i].pos = t.ogliscaTerena[i];
+    }
     t.visinskaRazlikaNaTerenu = t.dmrMaxZ - t.dmrMinZ;
 }
 
-// -1 marks an unset bound, so a coordinate of exactly -1 is overwritten by the next.
 void CHeighMapFactory::zgradiBoundingBoxDmr(float beriX, float beriY, float beriZ) {
     CTerrainData& t = *terrainData;
-    auto widenMax = [](float& bound, float v) {
-        if (bound == -1 || v > bound)
-            bound = v;
-    };
-    auto widenMin = [](float& bound, float v) {
-        if (bound == -1 || v < bound)
-            bound = v;
-    };
-    widenMax(t.dmrMaxX, beriX);
-    widenMax(t.dmrMaxY, beriY);
-    widenMax(t.dmrMaxZ, beriZ);
-    widenMin(t.dmrMinX, beriX);
-    widenMin(t.dmrMinY, beriY);
-    widenMin(t.dmrMinZ, beriZ);
+    widen(t.dmrMaxX, t.dmrMinX, beriX);
+    widen(t.dmrMaxY, t.dmrMinY, beriY);
+    widen(t.dmrMaxZ, t.dmrMinZ, beriZ);
 }
 
 QImage* CHeighMapFactory::produceOrtoFotoTexture() {

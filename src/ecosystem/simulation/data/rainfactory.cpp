@@ -1,6 +1,9 @@
 #include "ecosystem/simulation/data/rainfactory.h"
 
+#include "ecosystem/simulation/data/progress.h"
 #include "ecosystem/simulation/data/terraindata.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <cmath>
@@ -17,12 +20,20 @@ CTerrainData* CRainFactory::terrainDataStaticSortPtr = nullptr;
 CRainFactory::CRainFactory(CTerrainData& terrainData)
     : terrainData(terrainData), nrNodes(0), flowPower(10.0f) {}
 
+// One thread: the water of a vertex is known only when every higher vertex has
+// passed its share on, and the smoothing reads the values of its own pass.
 void CRainFactory::buildRain() {
+    const std::string task =
+        QCoreApplication::translate("CRainFactory", "Computing moisture").toStdString();
+    reportProgress(task, 0, 4);
     init();
     makeNodesFromVertices();
     sortNodesByHeight();
+    reportProgress(task, 1, 4);
     simulateWaterFlowModel();
+    reportProgress(task, 3, 4);
     widenMoistureUsingInterpolation(5);
+    reportProgress(task, 4, 4);
 }
 
 void CRainFactory::init() {

@@ -1,15 +1,16 @@
 #include "ecosystem/simulation/data/sunfactory.h"
 
 #include "ecosystem/simulation/data/elevationangle.h"
+#include "ecosystem/simulation/data/rowworkers.h"
 #include "ecosystem/simulation/data/terraindata.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <limits>
-#include <system_error>
-#include <thread>
 #include <vector>
 
 namespace ecosystem::data {
@@ -328,36 +329,21 @@ double CSunFactory::getPointCumulativeSunniness(const Tocka2D& startingLocation,
 }
 
 // Gives every vertex exactly what getPointCumulativeSunniness gives it, faster:
-// see SunnyRays. Rows are shared out over the processor cores.
+// see SunnyRays. Every vertex is computed on its own from shared read-only data
+// and written to its own entry, so the rows are shared out over the processor
+// cores without changing a bit of the layer.
 void CSunFactory::buildSunniness() {
     CTerrainData& t = terrainData;
     const SunnyRays rays(*this);
-    const int nrThreads = t.stTockX * t.stTockY < 2000
-                              ? 1
-                              : std::clamp(int(std::thread::hardware_concurrency()), 1, 8);
-    auto work = [&](int first) {
-        for (int y = first; y < t.stTockY; y += nrThreads) {
-            for (int x = 0; x < t.stTockX; ++x) {
-                const int index = x + y * t.stTockX;
-                t.terrainSunniness[index] = float(rays.sunniness(x, y, t.terrainNormals[index]));
-            }
-        }
-    };
-    // Every vertex is computed on its own from shared read-only data and
-    // written to its own entry, so the layer does not depend on the threads.
-    // Stripes whose thread cannot be started are computed here.
-    std::vector<std::thread> helpers;
-    int first = 1;
-    try {
-        for (; first < nrThreads; ++first)
-            helpers.emplace_back(work, first);
-    } catch (const std::system_error&) {
-    }
-    for (int i = first; i < nrThreads; ++i)
-        work(i);
-    work(0);
-    for (std::thread& helper : helpers)
-        helper.join();
+    forEachRow(t.stTockY, t.stTockX,
+               QCoreApplication::translate("CSunFactory", "Computing sunniness").toStdString(),
+               [&](int y) {
+                   for (int x = 0; x < t.stTockX; ++x) {
+                       const int index = x + y * t.stTockX;
+                       t.terrainSunniness[index] =
+                           float(rays.sunniness(x, y, t.terrainNormals[index]));
+                   }
+               });
 }
 
 } // namespace ecosystem::data

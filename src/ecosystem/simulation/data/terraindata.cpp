@@ -76,7 +76,18 @@ bool CTerrainData::isDataReady() {
     return dataIsReady;
 }
 
-void CTerrainData::reloadDMR(const char* fileName) {
+bool CTerrainData::reloadDMR(const char* fileName) {
+    // Only the DEM loader knows the grid size of a DEM file: always 100 x 100.
+    return zamenjajTeren(fileName, 100, 100);
+}
+
+// The file is read and checked into a grid of its own first: a rejected file
+// leaves the terrain, every layer and the factories exactly as they were.
+bool CTerrainData::zamenjajTeren(const char* fileName, int noviStTockX, int noviStTockY) {
+    CHeighMapFactory::Mreza mreza;
+    if (!CHeighMapFactory::preberiDmr(fileName, noviStTockX, noviStTockY, mreza))
+        return false;
+
     heighMapFactory.reset();
     terrainNormalsFactory.reset();
     inclinationFactory.reset();
@@ -85,16 +96,16 @@ void CTerrainData::reloadDMR(const char* fileName) {
     sunFactory.reset();
     dataIsReady = false;
 
-    // Only the DEM loader knows the grid size of a DEM file: always 100 x 100.
-    stTockX = 100;
-    stTockY = 100;
+    stTockX = noviStTockX;
+    stTockY = noviStTockY;
     allocateGrid();
 
     heighMapFactory = std::make_unique<CHeighMapFactory>(this);
-    heighMapFactory->loadDmrHeighMap(fileName);
+    heighMapFactory->prevzemi(mreza);
     ortofotoTexture.reset(heighMapFactory->produceOrtoFotoTexture());
 
     buildTerrainData();
+    return true;
 }
 
 void CTerrainData::spawnLupa() {
@@ -131,6 +142,7 @@ bool CTerrainData::jeNadVodo(const Tocka2i& pozicija2D) {
 // listed vertex always has its +X and next-row neighbours in the grid.
 void CTerrainData::buildNonwaterIndexes() {
     nonWaterIndexes.clear();
+    noDryLandReported = false;
     const float waterLevel = waterHeight * visinskaRazlikaNaTerenu;
     auto dry = [&](int index) { return pTerrainVertexData[index].pos.y > waterLevel; };
     // A lupa set past the grid is cut to it.

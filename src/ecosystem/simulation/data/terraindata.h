@@ -66,6 +66,9 @@ public:
     std::unique_ptr<CSunFactory> sunFactory;
 
     bool dataIsReady;
+    // The simulation has told the user that the lupa has no dry land to sow
+    // anywhere on; cleared whenever the dry-land list is built again.
+    bool noDryLandReported = false;
 
     // Random streams of the position of a new plant inside its cell; the
     // simulation reads and replaces them with its other seeds.
@@ -85,7 +88,12 @@ public:
 
     // Replaces the terrain by a 100 x 100 grid read from the named DEM file (a
     // resource path beginning with ':' or a file path) and rebuilds every layer.
-    void reloadDMR(const char* fileName);
+    // A file the loader rejects (it says why) changes nothing: false then.
+    bool reloadDMR(const char* fileName);
+    // The same for a DEM file of another grid size (the program always asks for
+    // 100 x 100; tests and the fuzz driver use small grids). A simulation on a
+    // terrain whose size changed must be given it again (setTerrainData).
+    bool zamenjajTeren(const char* fileName, int noviStTockX, int noviStTockY);
 
     void spawnLupa();
 

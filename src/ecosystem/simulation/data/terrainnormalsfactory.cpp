@@ -1,6 +1,9 @@
 #include "ecosystem/simulation/data/terrainnormalsfactory.h"
 
+#include "ecosystem/simulation/data/rowworkers.h"
 #include "ecosystem/simulation/data/terraindata.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 
@@ -27,12 +30,16 @@ void CTerrainNormalsFactory::buildTriangleNormals() {
     const int w = t.stTockX;
     const int h = t.stTockY;
     auto pos = [&](int index) -> Tocka& { return t.pTerrainVertexData[index].pos; };
-    for (int y = 0; y + 1 < h; ++y) {
-        for (int x = 0; x + 1 < w; ++x) {
-            const int base = y * w + x;
-            t.terrainNormals[base] = getNormal(pos(base), pos(base + 1), pos(base + w));
-        }
-    }
+    // Rows are independent: they are shared out over the processor cores.
+    forEachRow(
+        std::max(h - 1, 0), w,
+        QCoreApplication::translate("CTerrainNormalsFactory", "Computing normals").toStdString(),
+        [&](int y) {
+            for (int x = 0; x + 1 < w; ++x) {
+                const int base = y * w + x;
+                t.terrainNormals[base] = getNormal(pos(base), pos(base + 1), pos(base + w));
+            }
+        });
     if (w < 2 || h < 2) {
         std::fill(t.terrainNormals.begin(), t.terrainNormals.end(), Tocka(0, 1, 0));
         return;

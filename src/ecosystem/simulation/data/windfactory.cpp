@@ -1,7 +1,10 @@
 #include "ecosystem/simulation/data/windfactory.h"
 
 #include "ecosystem/simulation/data/elevationangle.h"
+#include "ecosystem/simulation/data/rowworkers.h"
 #include "ecosystem/simulation/data/terraindata.h"
+
+#include <QCoreApplication>
 
 namespace ecosystem::data {
 
@@ -60,14 +63,18 @@ float CWindFactory::calculateWindness(Tocka2D& startingLocation) {
     return 1.0f - maxAngle / windFallAngle;
 }
 
+// Each vertex only reads heights and writes its own entry: rows are shared out
+// over the processor cores.
 void CWindFactory::buildWindiness() {
     CTerrainData& t = terrainData;
-    for (int y = 0; y < t.stTockY; ++y) {
-        for (int x = 0; x < t.stTockX; ++x) {
-            Tocka2D location(x, y);
-            t.terrainWindiness[x + y * t.stTockX] = calculateWindness(location);
-        }
-    }
+    forEachRow(t.stTockY, t.stTockX,
+               QCoreApplication::translate("CWindFactory", "Computing windiness").toStdString(),
+               [&](int y) {
+                   for (int x = 0; x < t.stTockX; ++x) {
+                       Tocka2D location(x, y);
+                       t.terrainWindiness[x + y * t.stTockX] = calculateWindness(location);
+                   }
+               });
 }
 
 } // namespace ecosystem::data

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace ecosystem::simulationEntities {
 
@@ -26,7 +27,9 @@ CRastlina::CRastlina(CVrstaRastlin& vrstaRastlin, const Tocka2i& pozicija2d,
     sonceTukaj = vrstaRastline->terrainData->terrainSunniness[celica];
     veterTukaj = vrstaRastline->terrainData->terrainWindiness[celica];
     dolociProdornostRastline();
-    id = ++lastID;
+    // After 2^31 - 1 plants the numbers start again at 1 rather than overflow.
+    lastID = lastID == std::numeric_limits<int>::max() ? 1 : lastID + 1;
+    id = lastID;
 }
 
 int CRastlina::indeksCelice(const Tocka2i& celica) const {
@@ -42,10 +45,12 @@ float CRastlina::getStrminaTerena(Tocka2i& pozicijaMap2D) {
 }
 
 // The height is put on the 0..1 scale of the terrain's own above-water test
-// (y over the terrain's height range) before the water level is taken off.
+// (y over the terrain's height range) before the water level is taken off. A
+// flat terrain has no range: everything on it lies at 0.
 float CRastlina::dolociVisinoTukajNadVodoNormalizirano() {
     const data::CTerrainData& teren = *vrstaRastline->terrainData;
-    const float visina = pozicija3D.y / teren.visinskaRazlikaNaTerenu;
+    const float visina =
+        teren.visinskaRazlikaNaTerenu > 0.0f ? pozicija3D.y / teren.visinskaRazlikaNaTerenu : 0.0f;
     const float voda = teren.waterHeight;
     return static_cast<float>((visina - voda) / (1.0 - voda));
 }

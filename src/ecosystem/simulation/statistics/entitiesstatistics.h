@@ -26,6 +26,11 @@ public:
     int sumRenderTime;
     int sumSimmTime;
     std::string logText;
+    // The latest step, one entry per species (index = position in the species
+    // vector): plants its add phase sowed, and deaths of its kill phase by cause.
+    std::vector<int> rojeniVKoraku;
+    std::vector<int> umrliZaradiDominiranostiVKoraku;
+    std::vector<int> umrliOstaloVKoraku;
 
     CEntitiesStatistics();
     ~CEntitiesStatistics();

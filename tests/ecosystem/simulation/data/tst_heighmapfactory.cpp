@@ -59,7 +59,7 @@ private slots:
         MessageCatcher catcher;
         CTerrainData t;
         testterrain::reshape(t, 3, 2, [](int, int) { return 0.0f; });
-        CHeighMapFactory(&t).loadDmrHeighMap(path.toLocal8Bit().constData());
+        QVERIFY(CHeighMapFactory(&t).loadDmrHeighMap(path.toLocal8Bit().constData()));
         QVERIFY(catcher.messages.empty());
         QCOMPARE(t.dmrMinX, 100.0f);
         QCOMPARE(t.dmrMaxX, 150.0f);
@@ -80,7 +80,7 @@ private slots:
 
     void numbersMaySpreadOverLinesAndIgnoreTheLocale() {
         QTemporaryDir dir;
-        const QString path = writeFile(dir, "loose.dmr", "  1\t2 3.5e1\r\n4\n5\n+6  ");
+        const QString path = writeFile(dir, "loose.dmr", "  1\t2 3.5e1\r\n4\n2\n+6  ");
         CTerrainData t;
         testterrain::reshape(t, 2, 1, [](int, int) { return 0.0f; });
         MessageCatcher catcher;
@@ -91,35 +91,60 @@ private slots:
         QCOMPARE(t.pTerrainVertexData[0].pos.y, 29.0f);
     }
 
-    void unopenableFileChangesNothing() {
-        CTerrainData t;
-        const float minZ = t.dmrMinZ;
-        const Tocka p = t.ogliscaTerena[4321];
+    // X may fall along a row and Y rise from row to row; rounding noise within a
+    // quarter of the spacing is no break of the grid.
+    void gridMayRunEitherWay() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "reversed.dmr",
+                                       "900 100 1\n874.9 100.2 2\n850 99.9 3\n"
+                                       "900 150 4\n875 150 5\n850.3 150 6\n");
         MessageCatcher catcher;
-        t.heighMapFactory->loadDmrHeighMap("/no/such/file.dmr");
-        QCOMPARE(int(catcher.messages.size()), 1);
-        QCOMPARE(catcher.messages[0].first, std::string("Error"));
-        QCOMPARE(catcher.messages[0].second, std::string("Could not open DEM terrain file."));
-        QCOMPARE(t.dmrMinZ, minZ);
-        QCOMPARE(t.ogliscaTerena[4321].y, p.y);
+        CTerrainData t;
+        testterrain::reshape(t, 3, 2, [](int, int) { return 0.0f; });
+        QVERIFY(CHeighMapFactory(&t).loadDmrHeighMap(path.toLocal8Bit().constData()));
+        QVERIFY(catcher.messages.empty());
+        QCOMPARE(t.pTerrainVertexData[5].pos.y, 5.0f);
     }
 
-    void shortFileKeepsRawElevationsAndReportsOnce() {
+    // Whatever is wrong, the factory changes nothing of the terrain and says
+    // what once.
+    void badFilesChangeNothing_data() {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<QString>("message");
+        const QString reading = "Error reading DEM terrain file.";
+        QTest::newRow("unopenable") << QByteArray("@none") << "Could not open DEM terrain file.";
+        QTest::newRow("short") << QByteArray("0 0 300\n25 0 310\n50 0 305\n\n\n") << reading;
+        QTest::newRow("transposed")
+            << QByteArray("0 0 1\n0 25 2\n25 0 3\n25 25 4\n")
+            << reading + "\nLine 2: the points do not form a grid of 2 rows of 2 points, with X "
+                         "changing along each row and Y from row to row.";
+        QTest::newRow("row shifted")
+            << QByteArray("0 0 1\n25 0 2\n\n10 25 3\n25 25 4\n")
+            << reading + "\nLine 4: the points do not form a grid of 2 rows of 2 points, with X "
+                         "changing along each row and Y from row to row.";
+        QTest::newRow("heights too far apart")
+            << QByteArray("0 0 3e38\n25 0 -3e38\n0 25 1\n25 25 1\n")
+            << reading + "\nLine 1: the height 3e+38 lies outside -100000 to 100000 m.";
+        QTest::newRow("beyond float range")
+            << QByteArray("0 0 1\n25 0 1e39\n0 25 1\n25 25 1\n")
+            << reading + "\nLine 2: the height 1e+39 lies outside -100000 to 100000 m.";
+        QTest::newRow("a word") << QByteArray("0 0 1\n25 0 1\n0 25 one\n25 25 1\n")
+                                << reading + "\nLine 3: \"one\" is not a number.";
+    }
+    void badFilesChangeNothing() {
+        QFETCH(QByteArray, text);
+        QFETCH(QString, message);
         QTemporaryDir dir;
-        const QString path = writeFile(dir, "short.dmr", "0 0 300\n25 0 310\n50 0 305\n\n\n");
+        const QString path =
+            text == "@none" ? QString("/no/such/file.dmr") : writeFile(dir, "bad.dmr", text);
         CTerrainData t;
         testterrain::reshape(t, 2, 2, [](int x, int y) { return float(x + y); });
         t.visinskaRazlikaNaTerenu = 123.0f;
+        const QByteArray before = testterrain::stanje(t);
         MessageCatcher catcher;
-        CHeighMapFactory(&t).loadDmrHeighMap(path.toLocal8Bit().constData());
-        QCOMPARE(int(catcher.messages.size()), 1);
-        QCOMPARE(catcher.messages[0].second, std::string("Error reading DEM terrain file."));
-        QCOMPARE(t.ogliscaTerena[0].y, 300.0f);
-        QCOMPARE(t.ogliscaTerena[2].y, 305.0f);
-        QCOMPARE(t.dmrMaxZ, 310.0f);
-        QCOMPARE(t.dmrMinZ, 300.0f);
-        QCOMPARE(t.visinskaRazlikaNaTerenu, 123.0f);
-        QCOMPARE(t.pTerrainVertexData[3].pos.y, 2.0f); // vertex data not updated
+        QVERIFY(!CHeighMapFactory(&t).loadDmrHeighMap(path.toLocal8Bit().constData()));
+        QCOMPARE(catcher.lines(), std::vector<std::string>{"Error: " + message.toStdString()});
+        QVERIFY(testterrain::stanje(t) == before);
     }
 
     void boundingBoxTreatsMinusOneAsUnset() {

@@ -1,14 +1,21 @@
 #include "ecosystem/simulation/data/terraindata.h"
 
+#include "ecosystem/simulation/data/progress.h"
+#include "ecosystem/simulation/ecosystemsimulation.h"
+
 #include "support/messagecatcher.h"
+#include "support/simulationstate.h"
 #include "support/terrain.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <cmath>
+#include <cstring>
 #include <fstream>
+#include <map>
 #include <numeric>
+#include <thread>
 
 using arbo::Tocka;
 using ecosystem::Tocka2i;
@@ -38,12 +45,14 @@ bool allFinite(const std::vector<float>& layer) {
     return std::all_of(layer.begin(), layer.end(), [](float v) { return std::isfinite(v); });
 }
 
-void writeDem(const QString& path, int nrPoints, float z, const QByteArray& tail = {}) {
+// Rows of `row` points, X rising by 25 along a row and Y falling by 25 from row to row.
+void writeDem(const QString& path, int nrPoints, float z, const QByteArray& tail = {},
+              int row = 100) {
     QFile f(path);
     QVERIFY(f.open(QIODevice::WriteOnly));
     for (int i = 0; i < nrPoints; ++i)
-        f.write(QByteArray::number(1000 + 25 * (i % 100)) + " " +
-                QByteArray::number(5000 - 25 * (i / 100)) + " " + QByteArray::number(z) + "\n");
+        f.write(QByteArray::number(1000 + 25 * (i % row)) + " " +
+                QByteArray::number(5000 - 25 * (i / row)) + " " + QByteArray::number(z) + "\n");
     f.write(tail);
 }
 
@@ -277,6 +286,52 @@ private slots:
         QCOMPARE(t.terrainMoisture, moisture);
     }
 
+    // The layers of a grid shared out over threads are those of one thread, bit
+    // for bit; the progress of each layer climbs to its end on the calling thread.
+    void layersAreTheSameOnAnyNumberOfThreads() {
+        struct Progress {
+            int last = -1, total = 0;
+            bool rising = true, onCaller = true;
+        };
+        auto build = [](const char* threads, std::map<std::string, Progress>& progress) {
+            qputenv("VIRELA_THREADS", threads);
+            const std::thread::id caller = std::this_thread::get_id();
+            ecosystem::data::setProgressHandler([&](const std::string& task, int done, int total) {
+                Progress& p = progress[task];
+                p.rising = p.rising && done >= p.last && done <= total;
+                p.onCaller = p.onCaller && std::this_thread::get_id() == caller;
+                p.last = done;
+                p.total = total;
+            });
+            auto t = std::make_unique<CTerrainData>();
+            testterrain::reshape(*t, 131, 97, [](int x, int y) {
+                return float(200 + 90 * std::sin(x * 0.11) * std::cos(y * 0.07) +
+                             35 * std::sin(x * 0.9 + y * 1.3));
+            });
+            t->buildTerrainData();
+            ecosystem::data::setProgressHandler(nullptr);
+            qunsetenv("VIRELA_THREADS");
+            return t;
+        };
+        auto sameBits = [](const auto& a, const auto& b) {
+            return a.size() == b.size() &&
+                   std::memcmp(a.data(), b.data(), a.size() * sizeof(a[0])) == 0;
+        };
+        std::map<std::string, Progress> progressOne, progressThree;
+        const auto one = build("1", progressOne);
+        const auto three = build("3", progressThree);
+        QVERIFY(sameBits(one->terrainNormals, three->terrainNormals));
+        QVERIFY(sameBits(one->terrainInclination, three->terrainInclination));
+        QVERIFY(sameBits(one->terrainMoisture, three->terrainMoisture));
+        QVERIFY(sameBits(one->terrainSunniness, three->terrainSunniness));
+        QVERIFY(sameBits(one->terrainWindiness, three->terrainWindiness));
+        QCOMPARE(progressThree.size(), size_t(4)); // normals, moisture, sunniness, windiness
+        for (const auto& [task, p] : progressThree) {
+            QVERIFY2(p.rising && p.onCaller && p.last == p.total && p.total > 0, task.c_str());
+            QCOMPARE(progressOne[task].last, p.last);
+        }
+    }
+
     void reloadDmrGoesBackTo100x100AndKeepsLupaAndWater() {
         MessageCatcher catcher;
         CTerrainData t;
@@ -284,7 +339,7 @@ private slots:
         t.lupaXmin = 3;
         t.lupaXmax = 12;
         t.waterHeight = 0.25f;
-        t.reloadDMR(":/gui/textures/100x100.dmr");
+        QVERIFY(t.reloadDMR(":/gui/textures/100x100.dmr"));
         QVERIFY(catcher.messages.empty());
         QCOMPARE(t.stTockX, 100);
         QCOMPARE(t.stTockY, 100);
@@ -299,47 +354,60 @@ private slots:
         QCOMPARE(t.ortofotoTexture->size(), QSize(128, 128));
     }
 
-    void reloadDmrReportsAMissingFileAndStillBuilds() {
-        MessageCatcher catcher;
-        CTerrainData t;
-        t.reloadDMR("/nonexistent/terrain.dmr");
-        QCOMPARE(int(catcher.messages.size()), 1);
-        QCOMPARE(catcher.messages[0].first, std::string("Error"));
-        QCOMPARE(catcher.messages[0].second, std::string("Could not open DEM terrain file."));
-        QVERIFY(t.isDataReady());
-        QCOMPARE(t.stTockX, 100);
-        QCOMPARE(t.visinskaRazlikaNaTerenu, 960.4f - 596.2f); // kept from the default DEM
-        QVERIFY(allFinite(t.terrainSunniness) && allFinite(t.terrainMoisture));
-    }
-
-    void reloadDmrReportsAShortOrGarbledFile_data() {
+    // A rejected file is reported once and changes nothing at all: grid, range,
+    // layers, ortho-photo, factories, and the simulation running on it.
+    void rejectedDemChangesNothing_data() {
         QTest::addColumn<int>("points");
         QTest::addColumn<QByteArray>("tail");
-        QTest::newRow("one point fewer") << 9999 << QByteArray("\n\n");
-        QTest::newRow("last point cut short") << 9999 << QByteArray("1 2\n");
-        QTest::newRow("not a number") << 5000 << QByteArray("1 abc 3\n");
-        QTest::newRow("infinity") << 5000 << QByteArray("1 2 inf\n");
+        QTest::addColumn<QString>("message");
+        const QString reading = "Error reading DEM terrain file.";
+        QTest::newRow("missing") << -1 << QByteArray() << "Could not open DEM terrain file.";
+        QTest::newRow("a folder") << -2 << QByteArray() << "Could not open DEM terrain file.";
+        QTest::newRow("one point fewer") << 9999 << QByteArray("\n\n") << reading;
+        QTest::newRow("last point cut short") << 9999 << QByteArray("1 2\n") << reading;
+        QTest::newRow("not a number")
+            << 5000 << QByteArray("1 abc 3\n") << reading + "\nLine 5001: \"abc\" is not a number.";
+        QTest::newRow("infinity") << 5000 << QByteArray("1 2 inf\n")
+                                  << reading + "\nLine 5001: \"inf\" is not a number.";
+        QTest::newRow("height beyond float range")
+            << 5000 << QByteArray("1000 3750 -3e38\n")
+            << reading + "\nLine 5001: the height -3e+38 lies outside -100000 to 100000 m.";
+        QTest::newRow("coordinate too far")
+            << 5000 << QByteArray("2e8 3750 700\n")
+            << reading +
+                   "\nLine 5001: the coordinate 200000000 lies outside -100000000 to 100000000 m.";
+        // 50 points a row: the second half of grid row 0 starts the file's row 1.
+        QTest::newRow("rows of 50")
+            << -50 << QByteArray()
+            << reading + "\nLine 51: the points do not form a grid of 100 rows of 100 points, "
+                         "with X changing along each row and Y from row to row.";
     }
-    void reloadDmrReportsAShortOrGarbledFile() {
+    void rejectedDemChangesNothing() {
         QFETCH(int, points);
         QFETCH(QByteArray, tail);
+        QFETCH(QString, message);
         QTemporaryDir dir;
-        const QString path = dir.filePath("short.dmr");
-        writeDem(path, points, 700.0f, tail);
-        MessageCatcher catcher;
+        QString path = dir.filePath("bad.dmr");
+        if (points == -1)
+            path = "/nonexistent/terrain.dmr";
+        else if (points == -2)
+            path = dir.path();
+        else if (points == -50)
+            writeDem(path, 10000, 700.0f, {}, 50);
+        else
+            writeDem(path, points, 700.0f, tail);
         CTerrainData t;
-        t.reloadDMR(path.toLocal8Bit().constData());
-        QCOMPARE(int(catcher.messages.size()), 1);
-        QCOMPARE(catcher.messages[0].first, std::string("Error"));
-        QCOMPARE(catcher.messages[0].second, std::string("Error reading DEM terrain file."));
-        // Points read so far stay as raw elevations; the range is not updated.
-        QCOMPARE(t.ogliscaTerena[points - 1].y, 700.0f);
-        QCOMPARE(t.dmrMinZ, 700.0f);
-        QCOMPARE(t.dmrMaxZ, 700.0f);
-        QCOMPARE(t.dmrMinX, 1000.0f);
-        QCOMPARE(t.visinskaRazlikaNaTerenu, 960.4f - 596.2f);
-        QVERIFY(t.isDataReady());
-        QVERIFY(allFinite(t.terrainSunniness) && allFinite(t.terrainInclination));
+        ecosystem::CEcosystemSimulation s;
+        s.setTerrainData(t);
+        for (int i = 0; i < 5; ++i)
+            s.simulateNextStep();
+        const QByteArray terrain = testterrain::stanje(t);
+        const std::string simulation = testsimulation::stanje(s);
+        MessageCatcher catcher;
+        QVERIFY(!t.reloadDMR(path.toLocal8Bit().constData()));
+        QCOMPARE(catcher.lines(), std::vector<std::string>{"Error: " + message.toStdString()});
+        QVERIFY(testterrain::stanje(t) == terrain);
+        QCOMPARE(testsimulation::stanje(s), simulation);
     }
 
     void completeFileWithTrailingBlankLinesLoadsSilently() {
@@ -348,20 +416,22 @@ private slots:
         writeDem(path, 10000, 650.5f, "\n\n   \n");
         MessageCatcher catcher;
         CTerrainData t;
-        t.reloadDMR(path.toLocal8Bit().constData());
+        QVERIFY(t.reloadDMR(path.toLocal8Bit().constData()));
         QVERIFY(catcher.messages.empty());
         QCOMPARE(t.dmrMinZ, 650.5f);
         QCOMPARE(t.dmrMaxX, 1000.0f + 25 * 99);
         QCOMPARE(t.dmrMinY, 5000.0f - 25 * 99);
     }
 
+    // A flat DEM is a valid terrain without dry land: the simulation steps on
+    // it, sows nothing anywhere and says so once.
     void flatDemDividesByNothing() {
         QTemporaryDir dir;
         const QString path = dir.filePath("flat.dmr");
         writeDem(path, 10000, 500.0f);
         MessageCatcher catcher;
         CTerrainData t;
-        t.reloadDMR(path.toLocal8Bit().constData());
+        QVERIFY(t.reloadDMR(path.toLocal8Bit().constData()));
         QVERIFY(catcher.messages.empty());
         QCOMPARE(t.visinskaRazlikaNaTerenu, 0.0f);
         QVERIFY(t.nonWaterIndexes.empty()); // nothing lies above the water at 0
@@ -374,6 +444,22 @@ private slots:
         for (int y = 0; y < 128; ++y)
             for (int x = 0; x < 128; ++x)
                 QVERIFY(qRed(orto.pixel(x, y)) <= 127 && qGreen(orto.pixel(x, y)) <= 127);
+        ecosystem::CEcosystemSimulation s;
+        s.setTerrainData(t);
+        for (int i = 0; i < 10; ++i)
+            s.simulateNextStep();
+        QCOMPARE(s.simulationStepNr, 10);
+        for (const auto& vrsta : s.rastlinskeVrste)
+            QVERIFY(vrsta.ziviPrimerkiTeVrste.empty());
+        QCOMPARE(catcher.lines(),
+                 std::vector<std::string>{"Simulation: The plant area has no dry land: no plant "
+                                          "can be sown anywhere on it. New plants grow only "
+                                          "beside the existing ones."});
+        // A lupa set again builds the list again, and is told again if still dry-less.
+        t.lupaXmin = 10;
+        t.buildNonwaterIndexes();
+        s.simulateNextStep();
+        QCOMPARE(catcher.messages.size(), size_t(2));
     }
 };
 
