@@ -11,6 +11,7 @@
 #include <GL/glu.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <thread>
@@ -21,14 +22,40 @@ namespace ecosystem::render {
 namespace {
 
 constexpr double pi = M_PI;
-// The distances cells are drawn at: near the middle of each level's band (5 L^2
-// to 5 (L + 1)^2 metres), and for the last, open band one in every factor of
-// the square root of two from 480 m. A tree's points and lines keep their size
-// in pixels however far it is: a picture scaled down far below the size it was
-// drawn at would lose most of them.
-const float razdaljaCelic[ImpostorAtlas::stDaljav] = {152, 212, 282, 362, 480, 680, 960, 1360};
-// Between two of the last level's distances (their geometric means).
-const float mejeDaljav[ImpostorAtlas::stDaljav - ImpostorAtlas::stRavni] = {571, 808, 1143};
+// The distances cells are drawn at. A tree's points and lines keep their size
+// in pixels however far it is, while a picture scaled up doubles some of its
+// texels and scaled down loses some: each level's band (5 L^2 to 5 (L + 1)^2
+// metres) is cut into bands of distance at most a tenth apart (the open last
+// one a fifth), each drawn at its middle.
+struct Daljava {
+    float razdalja; // the cells' distance
+    float doKod;    // the band's far end
+    int raven;      // its level of detail, from prvaRaven
+};
+constexpr int stPasov[ImpostorAtlas::stRavni] = {4, 3, 3, 3, 8};
+constexpr int prvaDaljava[ImpostorAtlas::stRavni] = {0, 4, 7, 10, 13};
+static_assert(prvaDaljava[ImpostorAtlas::stRavni - 1] + stPasov[ImpostorAtlas::stRavni - 1] ==
+              ImpostorAtlas::stDaljav);
+
+const std::array<Daljava, ImpostorAtlas::stDaljav>& daljave() {
+    static const std::array<Daljava, ImpostorAtlas::stDaljav> d = [] {
+        std::array<Daljava, ImpostorAtlas::stDaljav> t{};
+        for (int r = 0; r < ImpostorAtlas::stRavni; ++r) {
+            const int lod = r + ImpostorAtlas::prvaRaven;
+            const double od = 5.0 * lod * lod, zadnja = r == ImpostorAtlas::stRavni - 1;
+            const double q = zadnja ? std::pow(2.0, 0.25)
+                                    : std::pow(5.0 * (lod + 1) * (lod + 1) / od, 1.0 / stPasov[r]);
+            for (int k = 0; k < stPasov[r]; ++k)
+                t[std::size_t(prvaDaljava[r] + k)] = {float(od * std::pow(q, k + 0.5)),
+                                                      float(od * std::pow(q, k + 1)), r};
+            if (zadnja)
+                t[std::size_t(prvaDaljava[r] + stPasov[r] - 1)].doKod = 1e30f;
+        }
+        return t;
+    }();
+    return d;
+}
+
 const double korakSmeri = 360.0 / ImpostorAtlas::stSmeri;
 const double korakVisine = 15.0; // degrees between view elevations
 // Between two view elevations: the tangents of 7.5, 22.5 and 37.5 degrees.
@@ -247,7 +274,7 @@ void ImpostorAtlas::zrasti(int izgled, int daljava, int velikost) {
     a.pogled.animateOrbitAround = false;
     a.pogled.animateGrow = true;
     a.pogled.starostDrevesa = double(velikost + 1) / stVelikosti;
-    a.pogled.lowQuality = std::min(daljava, stRavni - 1) + prvaRaven;
+    a.pogled.lowQuality = daljave()[std::size_t(daljava)].raven + prvaRaven;
     a.delckiDrevesa.mreza.izprazni();
     int stZil;
     double visina;
@@ -285,15 +312,17 @@ float ImpostorAtlas::visinaPri(const Skupina& s, float r) {
 void ImpostorAtlas::dodaj(int izgled, int lod, float velikost, const arbo::Tocka& noga) {
     float dx = noga.x - kamera.x, dz = noga.z - kamera.z;
     const float dvig = kamera.y - noga.y;
-    int daljava = lod - prvaRaven;
-    if (daljava == stRavni - 1) {
-        const float razdalja = std::sqrt(dx * dx + dz * dz + dvig * dvig);
-        while (daljava < stDaljav - 1 && razdalja > mejeDaljav[daljava - (stRavni - 1)])
-            ++daljava;
-    }
+    const int raven = lod - prvaRaven;
+    const float razdalja = std::sqrt(dx * dx + dz * dz + dvig * dvig);
+    int daljava = prvaDaljava[raven];
+    while (daljava < prvaDaljava[raven] + stPasov[raven] - 1 &&
+           razdalja >= daljave()[std::size_t(daljava)].doKod)
+        ++daljava;
     Skupina& s = skupina(izgled, daljava);
-    // The nearest size that draws something, the next larger if need be.
-    int i = std::clamp(int(std::lround(velikost * stVelikosti)) - 1, 0, stVelikosti - 1);
+    // The smallest size not below the plant's that draws something (a quad
+    // scaled up would give some texels two pixels: thick trunks), a smaller
+    // one if need be.
+    int i = std::clamp(int(std::ceil(velikost * stVelikosti - 1e-3f)) - 1, 0, stVelikosti - 1);
     while (i < stVelikosti - 1 && s.prazna[i])
         ++i;
     while (i > 0 && s.prazna[i])
@@ -402,7 +431,7 @@ void ImpostorAtlas::narisiCelico(const Kljuc& k) {
     if (y0 > y1)
         return; // nothing to draw
     const double a = k.smer * korakSmeri * pi / 180.0, e = k.visina * korakVisine * pi / 180.0;
-    const float d = razdaljaCelic[k.daljava];
+    const float d = daljave()[std::size_t(k.daljava)].razdalja;
     const float cosE = float(std::cos(e)), sinE = float(std::sin(e));
     // Looking along D = (n cos e, -sin e) at the middle of the tree's height.
     const float nx = float(std::sin(a)), nz = float(-std::cos(a));
@@ -424,7 +453,7 @@ void ImpostorAtlas::narisiCelico(const Kljuc& k) {
         }
     float fx = goriscnaX, fy = goriscnaY;
     // The frame buffer holds the largest cell, at a coarser scale if need be.
-    const float najvec = float(velikostOkvirja / gostotaNajdlje - 2) - 2 * rob - 1;
+    const float najvec = float(velikostOkvirja / gostota - 2) - 2 * rob - 1;
     const float zmanjsaj = std::min(1.0f, najvec / std::max((x1 - x0) * fx, (v1 - v0) * fy));
     fx *= zmanjsaj;
     fy *= zmanjsaj;
@@ -439,11 +468,9 @@ void ImpostorAtlas::narisiCelico(const Kljuc& k) {
     c.u1 = x1 * d;
     c.v0 = sredina + v0 * d / cosE;
     c.v1 = sredina + v1 * d / cosE;
-    // The farthest trees are a pixel or two, and whether a leaf of one of them
-    // covers a pixel's centre depends on where exactly it stands: their cells
-    // are drawn finer and averaged, each texel the coverage a plant has on
-    // average there.
-    const int gostota = k.daljava >= stRavni - 1 ? gostotaNajdlje : 1;
+    // Far trees are a few pixels, and whether a leaf of one covers a pixel's
+    // centre depends on where exactly the tree stands: cells are drawn finer,
+    // each texel then shown as often as the tree covers it.
     int x, y;
     if (!umesti(w * gostota, h * gostota, x, y)) {
         preberiOkvir(); // full: read what is there and start again
@@ -451,7 +478,7 @@ void ImpostorAtlas::narisiCelico(const Kljuc& k) {
     }
     c.w = w;
     c.h = h;
-    vOkvirju.push_back({&c, x, y, gostota});
+    vOkvirju.push_back({&c, x, y});
     glViewport(x, y, w * gostota, h * gostota);
     glScissor(x, y, w * gostota, h * gostota);
     glLineWidth(float(gostota));
@@ -472,7 +499,7 @@ void ImpostorAtlas::narisiCelico(const Kljuc& k) {
     // The mesh is in the tree's own coordinates: drawn under this camera.
     // A point of 1.4 pixels covers one pixel (its size is rounded), a line is
     // one pixel wide: drawn finer, both cover as much of a texel.
-    const float tocka = gostota == 1 ? 1.4f : float(gostota);
+    const float tocka = float(gostota);
     mreza.narisi(rastlinar->pogled.textureNames[0], rastlinar->pogled.textureNames[1], false,
                  tocka);
     oznaciPokrito(mreza, tocka);
@@ -544,14 +571,15 @@ void ImpostorAtlas::pocistiOkvir() {
     okvirX = okvirY = visinaPolice = 0;
 }
 
-// A k x k block of what was read, for one texel, and how many of 255 plants
+// A gostota x gostota block of what was read, for one texel, and how many of 255 plants
 // standing anywhere within the texel would show it at its centre. Where the
 // tree gives some samples colour, the texel is their average (premultiplied,
 // so a plain average), shown as often as they cover the block: a pixel of the
 // tree's own drawing has the colour its centre falls on, not a blend with the
 // leaves' transparent corners around it. Otherwise samples the tree hides
 // without colour make a texel that only hides what lies behind, as often.
-std::uint32_t ImpostorAtlas::povprecje(int x0, int y0, int k, std::uint8_t& verjetnost) const {
+std::uint32_t ImpostorAtlas::povprecje(int x0, int y0, std::uint8_t& verjetnost) const {
+    const int k = gostota;
     std::uint32_t vsota[4] = {0, 0, 0, 0}, barvnih = 0, skritih = 0;
     for (int y = y0; y < y0 + k; ++y)
         for (int x = x0; x < x0 + k; ++x) {
@@ -593,8 +621,7 @@ void ImpostorAtlas::preberiOkvir() {
             c.vrstice.push_back(std::uint32_t(c.pokrito.size()));
             for (int x = 0; x < c.w; ++x) {
                 std::uint8_t verjetnost;
-                const std::uint32_t b =
-                    povprecje(v.x + x * v.gostota, v.y + y * v.gostota, v.gostota, verjetnost);
+                const std::uint32_t b = povprecje(v.x + x * gostota, v.y + y * gostota, verjetnost);
                 c.slika[std::size_t(y) * std::size_t(c.w) + std::size_t(x)] = b;
                 if (b >> 24 && verjetnost > 0)
                     c.pokrito.push_back({std::uint16_t(x), std::uint16_t(y), b, verjetnost});
@@ -902,7 +929,8 @@ void ImpostorAtlas::narisiSestavljeno(int y0, int y1) {
 
 const ImpostorAtlas::Celica& ImpostorAtlas::celica(int izgled, int lod, int velikost, int smer,
                                                    int visina) const {
-    return modeli[size_t(izgled)].skupine[lod - prvaRaven].celice[velikost][smer][visina];
+    return modeli[size_t(izgled)].skupine[prvaDaljava[lod - prvaRaven]].celice[velikost][smer]
+                                                                              [visina];
 }
 
 QImage ImpostorAtlas::slika(const Celica& c) {

@@ -19,15 +19,15 @@ namespace ecosystem::render {
 
 // Pictures of the species' trees as seen from afar, for the far plants of the
 // fast ecosystem view. Each picture (a cell) is drawn once, with the trees' own
-// growing, drawing and lighting: one cell per model, level of detail (the last,
-// open one at four distances), growth size, direction of view around the tree
-// and elevation of view, at the scale the view shows that distance at, so that
+// growing, drawing and lighting: one cell per model, distance (a few for each
+// level of detail), growth size, direction of view around the tree and
+// elevation of view, at the scale the view shows that distance at, so that
 // points and lines keep their size in pixels. A far plant is then one upright
 // quad turned to the camera, with the cell nearest to its size and view, scaled
 // to its own size, its texels taken as they are (nearest), those without
-// coverage left out, depth tested against the frame. The last level's trees
-// are a pixel or two: their cells are drawn finer, and each plant shows a texel
-// as often as the tree covers it. Cells are drawn when first asked for, a
+// coverage left out, depth tested against the frame. Far trees are a few
+// pixels: cells are drawn finer, and each plant shows a texel as often as the
+// tree covers it. Cells are drawn when first asked for, a
 // limited time per frame; a change of a model's parameters, textures or
 // colouring, of the lighting, or of the view's scale drops the cells it spoils.
 //
@@ -38,22 +38,23 @@ class ImpostorAtlas {
 public:
     static constexpr int prvaRaven = 5; // the first level of detail drawn as impostors
     static constexpr int stRavni = 10 - prvaRaven;
-    // Distances cells are drawn at: one for each level, four for the last.
-    static constexpr int stDaljav = stRavni + 3;
+    // Distances cells are drawn at, three or four for each level, eight for
+    // the open last one.
+    static constexpr int stDaljav = 21;
     static constexpr int stVelikosti = 8; // growth sizes 1/8, 2/8, ... 1
     static constexpr int stSmeri = 8;     // views around the tree, 45 degrees apart
     static constexpr int stVisin = 4;     // view elevations 0, 15, 30 and 45 degrees
     // Cells are drawn into a frame buffer of this many pixels a side, and
     // read from it a batch at a time.
     static constexpr int velikostOkvirja = 512;
-    // The last level's cells are drawn this many times finer each way.
-    static constexpr int gostotaNajdlje = 4;
+    // Cells are drawn this many times finer each way.
+    static constexpr int gostota = 4;
 
     struct Tekstel { // a texel with coverage
         std::uint16_t x, y;
         std::uint32_t barva;
-        // Of 255 plants, how many show it (below 255 only in the last level's
-        // cells, drawn finer): each plant shows it or not by a dice of its own.
+        // Of 255 plants, how many show it: each plant shows it or not by a
+        // dice of its own.
         std::uint8_t verjetnost;
     };
     struct Celica {
@@ -94,7 +95,8 @@ public:
     // Cells asked for are still to be drawn.
     bool manjka() const { return !zahtevane.empty(); }
 
-    // A cell (for tests) and its picture (null when empty).
+    // A cell of the nearest distance of level lod (for tests) and its picture
+    // (null when empty).
     const Celica& celica(int izgled, int lod, int velikost, int smer, int visina) const;
     static QImage slika(const Celica& c);
 
@@ -125,7 +127,6 @@ private:
     struct VOkvirju {                     // a cell drawn into the frame buffer, not yet read
         Celica* celica;
         int x, y;
-        int gostota; // drawn this many times finer in each direction
     };
     std::vector<Model> modeli;
     std::vector<arbo::Arbo*> drevesa;
@@ -163,7 +164,7 @@ private:
     bool umesti(int w, int h, int& x, int& y);
     void pocistiOkvir();
     void preberiOkvir();
-    std::uint32_t povprecje(int x0, int y0, int k, std::uint8_t& verjetnost) const;
+    std::uint32_t povprecje(int x0, int y0, std::uint8_t& verjetnost) const;
     void sestaviImpostorje(int stNiti);
     void postaviLike(const Okno& okno);
     void sestaviPas(int pas, int& prva, int& zadnja);

@@ -154,7 +154,7 @@ private slots:
         }
         // Near plants (levels 2 to 4) to the left, far ones (5 to 9) to the
         // right, young to full-grown; and a full-grown tree of every species
-        // at level 5, all seen from the same side.
+        // at level 5 (its nearest cells), all seen from the same side.
         auto plant = [&](std::vector<CVrstaRastlin>& list, arbo::Tocka where, float size) {
             CVrstaRastlin& v = list.back();
             v.ziviPrimerkiTeVrste.emplace_back(v, ecosystem::Tocka2i(1, 1), where);
@@ -173,7 +173,7 @@ private slots:
                     plant(nearOnly, at(-40 + 6 * tip, d), size);
                 }
             }
-            plant(all, at(15 + 1.5 * tip, 133), 1.0f);
+            plant(all, at(15 + 1.5 * tip, 128), 1.0f);
         }
         farArea = projectedFarArea();
     }
