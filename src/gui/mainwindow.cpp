@@ -307,6 +307,8 @@ void MainWindow::newGlContextInitialized(OglWidget* view) {
             Qt::UniqueConnection);
     connect(navigationHandler, &actionhandling::NavigationHandler::forceRefresh, view,
             &OglWidget::updateGL, Qt::UniqueConnection);
+    connect(view, &OglWidget::frameSwapped, timeKeeper, &actionhandling::TimeKeeper::frameShown,
+            Qt::UniqueConnection);
     connect(view, &OglWidget::frameSwapped, this, &MainWindow::showStateInCheckMarks,
             Qt::UniqueConnection);
 }
