@@ -36,7 +36,7 @@ const float visinaSredisca = 2.5f; // its centre above the plant's foot
 const double zasukNaId = 17.19;    // each plant turned by its own angle
 // Time the atlas may take per frame to draw cells: the rest comes in later
 // frames, and the window stays responsive meanwhile.
-const double casAtlasaNaOkvirMs = 100.0;
+const double casAtlasaNaOkvirMs = 40.0;
 
 // The frustum of the current projection and model-view matrices, combined by GL.
 CObjectCulling frustumOfCurrentView() {
