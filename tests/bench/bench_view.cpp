@@ -198,7 +198,7 @@ int main(int argc, char** argv) {
         double atlasFirstFrame = 0;
         const double atlasBefore = plants.atlas().casGradnjeMs;
         // Warm up (and let the atlas draw what this view asks for).
-        for (int f = 0; f < 20; ++f) {
+        for (int f = 0; f < 100; ++f) {
             const Frame w = drawFrame(scene);
             if (f == 0)
                 atlasFirstFrame = w.wall;
