@@ -58,21 +58,22 @@ const std::array<Daljava, ImpostorAtlas::stDaljav>& daljave() {
 
 const double korakSmeri = 360.0 / ImpostorAtlas::stSmeri;
 const double korakVisine = 15.0; // degrees between view elevations
-// Between two view elevations: the tangents of 7.5, 22.5 and 37.5 degrees.
-const float mejeVisin[ImpostorAtlas::stVisin - 1] = {0.13165250f, 0.41421356f, 0.76732699f};
+// A plant's own dice: from where it stands, the same at every frame.
+std::uint32_t kocka(const arbo::Tocka& noga) {
+    std::uint32_t x, z;
+    std::memcpy(&x, &noga.x, 4);
+    std::memcpy(&z, &noga.z, 4);
+    std::uint32_t h = x * 0x9E3779B1u ^ (z + 0x7F4A7C15u) * 0x85EBCA6Bu;
+    h ^= h >> 15;
+    return h * 0xC2B2AE35u;
+}
 
-// The nearest of the eight directions 45 degrees apart (0 along y, 2 along x)
-// of the vector (x, y), without an arc tangent: it runs for every far plant.
-int najblizjaSmer(float x, float y) {
-    static_assert(ImpostorAtlas::stSmeri == 8);
-    const float tan225 = 0.41421356f, ax = std::fabs(x), ay = std::fabs(y);
-    if (ax <= tan225 * ay)
-        return y > 0 ? 0 : 4;
-    if (ay <= tan225 * ax)
-        return x > 0 ? 2 : 6;
-    if (x > 0)
-        return y > 0 ? 1 : 3;
-    return y > 0 ? 7 : 5;
+// Of the two views nearest to a continuous one (t in steps between views), the
+// lower or the higher, as often as t is near it: neighbouring plants seen from
+// between two views show both, and no seam runs where the nearest one changes.
+int izmedDveh(float t, std::uint32_t kocka) {
+    const float spodaj = std::floor(t);
+    return int(spodaj) + (float(kocka & 0xFFFF) < (t - spodaj) * 65536.0f);
 }
 // Pixels kept free around a tree's outermost vertices: points are 1.4 pixels.
 const float rob = 1.0f;
@@ -339,10 +340,14 @@ void ImpostorAtlas::dodaj(int izgled, int lod, float velikost, const arbo::Tocka
         dz = -1;
         dh = 1;
     }
-    const int smer = najblizjaSmer(dx, -dz);
-    int visina = 0;
-    while (visina < stVisin - 1 && dvig > mejeVisin[visina] * dh)
-        ++visina;
+    // Direction 0 looks along -z, 2 along +x (the camera's side of the plant).
+    const std::uint32_t k = kocka(noga);
+    const float kot = float(std::atan2(dx, -dz) * 180.0 / pi); // -180 ... 180
+    const int smer = (izmedDveh(kot / float(korakSmeri), k) + stSmeri) % stSmeri;
+    const float dvigKot = float(std::atan2(dvig, dh) * 180.0 / pi);
+    const int visina = std::clamp(
+        izmedDveh(std::clamp(dvigKot / float(korakVisine), 0.0f, float(stVisin - 1)), k >> 16), 0,
+        stVisin - 1);
     Celica& c = s.celice[i][smer][visina];
     if (!c.narisana && !c.zahtevana) {
         c.zahtevana = true;
@@ -634,16 +639,6 @@ void ImpostorAtlas::preberiOkvir() {
 }
 
 namespace {
-
-// A plant's own dice: from where it stands, the same at every frame.
-std::uint32_t kocka(const arbo::Tocka& noga) {
-    std::uint32_t x, z;
-    std::memcpy(&x, &noga.x, 4);
-    std::memcpy(&z, &noga.z, 4);
-    std::uint32_t h = x * 0x9E3779B1u ^ (z + 0x7F4A7C15u) * 0x85EBCA6Bu;
-    h ^= h >> 15;
-    return h * 0xC2B2AE35u;
-}
 
 // Whether this plant shows a texel some plants cover and some do not, its
 // chance raised by ojacitev / 256.
