@@ -15,7 +15,8 @@
 // VIEW_TERRAIN=400 runs on a 400 x 400 terrain (the default DEM mirrored 4 x 4,
 // its default plant area; the terrain itself is not drawn, its 160 000 vertices
 // being more than its 16-bit indices reach); VIEW_CAMERA="x,y,z,alfa,beta"
-// places the camera.
+// places the camera; VIEW_ONLY_LAST=1 reports the last step alone (the atlas
+// then starts there, as when the switch is first taken up at that step).
 // With imageDir, the last frame of every reported step is written there as
 // <mode>_<step>.png. Columns: frame_ms (median wall time, glFinish included),
 // walk_ms (plant walk), trees_ms (walk time spent on trees), submit_ms (drawing
@@ -153,6 +154,7 @@ int main(int argc, char** argv) {
     const QString imageDir = argc > 3 ? QString::fromLocal8Bit(argv[3]) : QString();
     const bool fast = mode == "fast" || mode == "fastonly";
     const int frames = envInt("VIEW_FRAMES", 4);
+    const bool onlyLast = envInt("VIEW_ONLY_LAST", 0) != 0;
     QDir::setCurrent(VIRELA_SOURCE_DIR); // the species files are found from here
 
     OffscreenGl gl;
@@ -180,7 +182,8 @@ int main(int argc, char** argv) {
                 "imp_ms read_ms compose_ms finish_ms main_cpu all_cpu | lod5..9 impostors\n");
     for (int step = 1; step <= lastStep; ++step) {
         scene.ecosystemSimulation->simulateNextStep();
-        if (step != 30 && step != 60 && step != 100 && step != lastStep)
+        if ((step != 30 && step != 60 && step != 100 && step != lastStep) ||
+            (onlyLast && step != lastStep))
             continue;
         int living = 0;
         for (auto& v : scene.ecosystemSimulation->rastlinskeVrste)
