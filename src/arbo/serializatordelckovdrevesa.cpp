@@ -1,6 +1,12 @@
 #include "arbo/serializatordelckovdrevesa.h"
 
 #include "arbo/matrikasklad.h"
+#include "arbo/usermessage.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+#include <filesystem>
 
 #include <locale>
 
@@ -11,21 +17,45 @@ SerializatorDelckovDrevesa::SerializatorDelckovDrevesa() {
     presekZgoraj.stTock = 4;
 }
 
-// A file that cannot be created is not reported: the records are then lost.
+// The records go to a file of their own beside the target, which replaces the
+// target only once every record is written: a failed export leaves an older
+// file of that name intact, and the user is told.
 void SerializatorDelckovDrevesa::zacniSerializacijo(const std::string& strFileName, int stTock) {
     if (izhod.is_open())
         izhod.close();
     izhod.clear();
-    izhod.open(strFileName, std::ios::out | std::ios::trunc);
+    cilj = strFileName;
+    izhod.open(cilj + ".part", std::ios::out | std::ios::trunc);
     izhod.imbue(std::locale::classic());
     this->stTock = stTock;
     presekSpodaj.stTock = stTock;
     presekZgoraj.stTock = stTock;
 }
 
-void SerializatorDelckovDrevesa::koncajSerializacijo() {
-    if (izhod.is_open())
+bool SerializatorDelckovDrevesa::koncajSerializacijo() {
+    const std::string zacasna = cilj + ".part";
+    const bool ustvarjena = izhod.is_open(); // only a file made here is removed
+    bool zapisano = ustvarjena;
+    if (zapisano) {
+        izhod.flush();
+        zapisano = bool(izhod);
         izhod.close();
+        zapisano = zapisano && !izhod.fail();
+    }
+    std::error_code napaka;
+    if (zapisano)
+        std::filesystem::rename(zacasna, cilj, napaka);
+    if (!zapisano || napaka) {
+        if (ustvarjena)
+            std::filesystem::remove(zacasna, napaka);
+        showUserMessage(
+            QCoreApplication::translate("arbo::SerializatorDelckovDrevesa", "Error").toStdString(),
+            QCoreApplication::translate("arbo::SerializatorDelckovDrevesa", "Could not write %1.")
+                .arg(QDir::toNativeSeparators(QString::fromLocal8Bit(cilj.c_str())))
+                .toStdString());
+        return false;
+    }
+    return true;
 }
 
 void SerializatorDelckovDrevesa::serializirajVejo(double visina, double sirinaSpodaj,

@@ -20,13 +20,15 @@ public:
     Presek presekSpodaj;
     Presek presekZgoraj;
     std::ofstream izhod;
+    std::string cilj; // the file the records replace once all are written
     // Where the current matrix is read; null reads OpenGL's model-view matrix.
     MatrikaSklad* sklad = nullptr;
 
     SerializatorDelckovDrevesa();
 
     void zacniSerializacijo(const std::string& strFileName, int stTock);
-    void koncajSerializacijo();
+    // Puts the finished file in place; false (and the user told) when it failed.
+    bool koncajSerializacijo();
     void serializirajVejo(double visina, double sirinaSpodaj, double sirinaZgoraj,
                           Presek* presekSpodaj, int idVeje);
     void serializirajList(double stranica, int idVeje);

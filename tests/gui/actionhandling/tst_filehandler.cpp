@@ -331,6 +331,25 @@ private slots:
         QVERIFY(
             run(w->ui.actionExport_current_tree_geometry_as_vertices, vertices.file("tree.crs")));
         QTRY_COMPARE(head("tree.crs", 4), QByteArray("B 0\n"));
+        QVERIFY(!QFile::exists("tree.crs.part"));
+        // A failed export leaves the older file whole and says so.
+        const QByteArray exported = head("tree.crs", 1 << 30);
+        QVERIFY(QDir::current().mkdir("tree.crs.part"));
+        DialogScript failing;
+        // The user agrees to replace the file (the dialog's own question is not scripted).
+        failing.then<QFileDialog>([](QFileDialog* d) {
+            d->setOption(QFileDialog::DontConfirmOverwrite);
+            d->selectFile(QDir::current().absoluteFilePath("tree.crs"));
+            static_cast<QDialog*>(d)->accept();
+        });
+        QVERIFY(run(w->ui.actionExport_current_tree_geometry_as_vertices, failing));
+        QTRY_COMPARE(catcher->lines().size(), size_t(1));
+        const QString told = QString::fromStdString(catcher->lines()[0]);
+        QVERIFY2(told.startsWith("Error: Could not write ") && told.endsWith("tree.crs."),
+                 qPrintable(told));
+        QCOMPARE(head("tree.crs", 1 << 30), exported);
+        QVERIFY(QDir::current().rmdir("tree.crs.part"));
+        catcher->messages.clear();
         DialogScript obj;
         QVERIFY(run(w->ui.actionExport_current_tree_as_OBJ, obj.file("tree")));
         for (const char* f : {"tree.obj", "tree.mtl", "tree_bark.png", "tree_leaf.png"})
