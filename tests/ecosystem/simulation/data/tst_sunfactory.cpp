@@ -187,39 +187,6 @@ private slots:
         QVERIFY(std::fabs(sun.getSunPositionAtSample(5).dolzina() - 1.0) < 1e-6);
     }
 
-    void stepsFollowTheHorizontalDirection() {
-        CTerrainData t;
-        testterrain::reshape(t, 5, 5, [](int, int) { return 0.0f; });
-        CSunFactory sun(t);
-        Tocka2D p(3.5, 0.5);
-        QVERIFY(sun.getNextVertex(p, Tocka(0.5f, 0.7f, -0.25f)));
-        QCOMPARE(p.x, 4.0);
-        QCOMPARE(p.y, 0.25);
-        QVERIFY(sun.getNextVertex(p, Tocka(0.5f, 0.7f, -0.25f)));  // (4.5, 0): still inside
-        QVERIFY(!sun.getNextVertex(p, Tocka(0.5f, 0.7f, -0.25f))); // (5, -0.25): out
-    }
-
-    void angleUsesWholeVertexHeightsAndFractionalDistance() {
-        CTerrainData t;
-        testterrain::reshape(t, 5, 3, [](int x, int) { return x == 3 ? 10.0f : 0.0f; });
-        CSunFactory sun(t);
-        QVERIFY(std::fabs(sun.getAngle(Tocka2D(1, 1), Tocka2D(3, 1)) - std::atan(10.0 / 50)) <
-                1e-6);
-        QVERIFY(std::fabs(sun.getAngle(Tocka2D(1, 1), Tocka2D(3.5, 1.5)) -
-                          std::atan(10.0 / std::hypot(62.5, 12.5))) < 1e-6);
-        QCOMPARE(sun.getAngle(Tocka2D(3, 1), Tocka2D(1, 1)), -1.0f);
-        // In a terrain box of no extent every vertex stands at one horizontal
-        // position: a higher one rises vertically (tan = 10 / 0, a right
-        // angle) and hides even the midday sun; a level one gives no angle.
-        t.dimen = Tocka(0, 1000, 0);
-        QCOMPARE(sun.getAngle(Tocka2D(1, 1), Tocka2D(3, 1)), float(M_PI / 2));
-        QVERIFY(std::isnan(sun.getAngle(Tocka2D(1, 1), Tocka2D(2, 1))));
-        QCOMPARE(sun.calculateShelternessBehindTerrain(Tocka2D(1, 1), Tocka(0.6f, 0.8f, 0.0f)),
-                 0.2f);
-        QCOMPARE(sun.calculateShelternessBehindTerrain(Tocka2D(3, 1), Tocka(0.6f, 0.8f, 0.0f)),
-                 1.0f);
-    }
-
     void lowSunIsHiddenByAnyHigherPoint() {
         CTerrainData t;
         // A 1 m bump four columns east of (2, 2), and a ridge two rows north.

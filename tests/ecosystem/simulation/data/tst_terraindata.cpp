@@ -180,41 +180,27 @@ private slots:
         QVERIFY(t.jeNadVodo(Tocka2i(w - 1, h - 1)));
     }
 
-    void randomPointDrawsStreamITwiceAndJOnce() {
+    // A new plant's point in its cell: on the plane through the vertex and its
+    // +X and next-row neighbours, stream I drawn twice (the second unused), J once.
+    void newPlantPointDrawsITwiceAndJOnce() {
         CTerrainData t;
-        CTerrainData::randomPozicije3DNovihRastlinI = 1;
-        CTerrainData::randomPozicije3DNovihRastlinJ = 2;
-        unsigned long long i = 1, j = 2;
-        Tocka A(10, 20, 30), B(35, 24, 30), C(10, 18, 55);
+        CTerrainData::randomPozicije3DNovihRastlinI = 7;
+        CTerrainData::randomPozicije3DNovihRastlinJ = 11;
+        unsigned long long i = 7, j = 11;
+        const Tocka a = t.pTerrainVertexData[40 + 60 * 100].pos;
+        const Tocka b = t.pTerrainVertexData[41 + 60 * 100].pos;
+        const Tocka c = t.pTerrainVertexData[40 + 61 * 100].pos;
         for (int call = 0; call < 5; ++call) {
             const float ri = float(testterrain::naslednje(i, 4096)) / 4096.0f;
             const float rj = float(testterrain::naslednje(j, 4096)) / 4096.0f;
             testterrain::naslednje(i, 4096);
-            const Tocka p = t.vrniNakljucnoPozicijo(A, B, C);
-            QCOMPARE(p.x, 10.0f + ri * 25.0f);
-            QCOMPARE(p.y, 20.0f + ri * 4.0f + rj * -2.0f);
-            QCOMPARE(p.z, 30.0f + rj * 25.0f);
-            QCOMPARE(CTerrainData::randomPozicije3DNovihRastlinI, i);
-            QCOMPARE(CTerrainData::randomPozicije3DNovihRastlinJ, j);
-        }
-    }
-
-    void newPlantStandsInItsCell() {
-        CTerrainData t;
-        CTerrainData::randomPozicije3DNovihRastlinI = 7;
-        CTerrainData::randomPozicije3DNovihRastlinJ = 11;
-        for (int k = 0; k < 200; ++k) {
             Tocka p;
             t.dolociPozicijoNoveRastline3D(Tocka2i(40, 60), p);
-            QVERIFY(p.x >= 1000.0f && p.x < 1025.0f);
-            QVERIFY(p.z >= 1500.0f && p.z < 1525.0f);
-            // On the plane through the vertex and its +X and next-row neighbours.
-            const Tocka a = t.pTerrainVertexData[40 + 60 * 100].pos;
-            const Tocka b = t.pTerrainVertexData[41 + 60 * 100].pos;
-            const Tocka c = t.pTerrainVertexData[40 + 61 * 100].pos;
-            const float expectedY =
-                a.y + (p.x - a.x) / 25.0f * (b.y - a.y) + (p.z - a.z) / 25.0f * (c.y - a.y);
-            QVERIFY(std::fabs(p.y - expectedY) < 1e-3f);
+            QCOMPARE(p.x, a.x + ri * 25.0f);
+            QCOMPARE(p.y, a.y + ri * (b.y - a.y) + rj * (c.y - a.y));
+            QCOMPARE(p.z, a.z + rj * 25.0f);
+            QCOMPARE(CTerrainData::randomPozicije3DNovihRastlinI, i);
+            QCOMPARE(CTerrainData::randomPozicije3DNovihRastlinJ, j);
         }
     }
 
