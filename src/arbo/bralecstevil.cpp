@@ -5,6 +5,7 @@
 #include <cfloat>
 #include <charconv>
 #include <cmath>
+#include <type_traits>
 
 namespace arbo {
 
@@ -57,7 +58,8 @@ bool BralecStevil::naslednjiZeton() {
 }
 
 // A leading '+' is taken as the stream readers take it; "+-1" is no number.
-template <typename T> bool BralecStevil::celo(T& vrednost) {
+// A real number must be finite.
+template <typename T> bool BralecStevil::stevilo(T& vrednost) {
     if (!naslednjiZeton())
         return false;
     const char* b = besediloZetona.data();
@@ -68,50 +70,38 @@ template <typename T> bool BralecStevil::celo(T& vrednost) {
     const auto [konec, napaka] = std::from_chars(b, e, v);
     if (napaka != std::errc() || konec != e)
         return false;
-    vrednost = v;
-    return true;
-}
-
-template <typename T> bool BralecStevil::realno(T& vrednost) {
-    if (!naslednjiZeton())
-        return false;
-    const char* b = besediloZetona.data();
-    const char* e = b + besediloZetona.size();
-    if (*b == '+' && e - b > 1 && b[1] != '-')
-        ++b;
-    T v{};
-    const auto [konec, napaka] = std::from_chars(b, e, v);
-    if (napaka != std::errc() || konec != e || !std::isfinite(v))
-        return false;
+    if constexpr (std::is_floating_point_v<T>)
+        if (!std::isfinite(v))
+            return false;
     vrednost = v;
     return true;
 }
 
 bool BralecStevil::beri(int& vrednost) {
-    return celo(vrednost);
+    return stevilo(vrednost);
 }
 
 bool BralecStevil::beri(unsigned long long& vrednost) {
-    return celo(vrednost);
+    return stevilo(vrednost);
 }
 
 // Read as a double and rounded to float: a value below the normal float range
 // still reads (as the nearest float), one beyond the float range does not.
 bool BralecStevil::beri(float& vrednost) {
     double d = 0;
-    if (!realno(d) || std::fabs(d) > FLT_MAX)
+    if (!stevilo(d) || std::fabs(d) > FLT_MAX)
         return false;
     vrednost = static_cast<float>(d);
     return true;
 }
 
 bool BralecStevil::beri(double& vrednost) {
-    return realno(vrednost);
+    return stevilo(vrednost);
 }
 
 bool BralecStevil::beri(bool& vrednost) {
     int v = 0;
-    if (!celo(v) || (v != 0 && v != 1))
+    if (!stevilo(v) || (v != 0 && v != 1))
         return false;
     vrednost = v == 1;
     return true;

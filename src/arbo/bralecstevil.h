@@ -57,8 +57,7 @@ private:
     // The next token into besediloZetona; false at the end of the data and for
     // a token longer than najdaljsiZeton.
     bool naslednjiZeton();
-    template <typename T> bool celo(T& vrednost);
-    template <typename T> bool realno(T& vrednost);
+    template <typename T> bool stevilo(T& vrednost);
 };
 
 } // namespace arbo

@@ -107,15 +107,6 @@ private slots:
         QCOMPARE(p.kotVejitve[0][0], 180.0);
     }
 
-    void copyIsDeep() {
-        ParametriDrevesa a;
-        ParametriDrevesa b(a);
-        b.kotVejitveG.tocke[0].y = 0.9;
-        b.kotVejitve[2][2] = 1;
-        QCOMPARE(a.kotVejitveG.tocke[0].y, 0.25);
-        QCOMPARE(a.kotVejitve[2][2], 45.0);
-    }
-
     void defaultFileText() {
         ParametriDrevesa p;
         QVERIFY(p.saveParameters("privzeto.tree.xml"));

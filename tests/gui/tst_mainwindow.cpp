@@ -27,22 +27,6 @@ class TestMainWindow : public QObject {
 private slots:
     void initTestCase() { qRegisterMetaType<ecosystem::render::EcosystemRender*>(); }
 
-    void startUpCreatesExactlyOneScene() {
-        MainWindow w;
-        QSignalSpy created(w.oglWidget, &OglWidget::newModelCreated);
-        QSignalSpy initialised(w.oglWidget, &OglWidget::newGlContextInitialized);
-        QVERIFY(w.currentModel == nullptr);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QTRY_COMPARE(created.count(), 1);
-        QCOMPARE(initialised.count(), 1);
-        QCOMPARE(w.models.size(), 1);
-        QVERIFY(w.currentModel != nullptr);
-        QCOMPARE(w.oglWidget->currentModel, w.currentModel);
-        QVERIFY(w.timeKeeper != nullptr);
-        QVERIFY(w.viewHandler != nullptr);
-    }
-
     void windowForm() {
         MainWindow w;
         QCOMPARE(w.windowTitle(), QString("Bosket"));
@@ -53,9 +37,18 @@ private slots:
         QCOMPARE(w.toolBarArea(w.ui.toolBar_2), Qt::TopToolBarArea);
     }
 
-    void addedViewsShareTheScene() {
+    // Start-up creates exactly one scene; added views share it.
+    void oneSceneForEveryView() {
         MainWindow w;
+        QSignalSpy created(w.oglWidget, &OglWidget::newModelCreated);
+        QSignalSpy initialised(w.oglWidget, &OglWidget::newGlContextInitialized);
+        QVERIFY(w.currentModel == nullptr);
         QVERIFY(showWithScene(w));
+        QTRY_COMPARE(created.count(), 1);
+        QCOMPARE(initialised.count(), 1);
+        QCOMPARE(w.models.size(), 1);
+        QCOMPARE(w.oglWidget->currentModel, w.currentModel);
+        QVERIFY(w.timeKeeper != nullptr && w.viewHandler != nullptr);
         ecosystem::render::EcosystemRender* scene = w.currentModel;
         w.ui.actionAdd_view->trigger();
         w.ui.actionAdd_view->trigger();
@@ -143,7 +136,15 @@ private slots:
         QCOMPARE(scene->getLupaMaxY(), 60);
     }
 
+    // The editor shows the scene's seeds; OK sets the edited ones (up to the
+    // 64-bit limit), Cancel keeps them.
+    void seedsEditorShowsAndSetsTheSceneSeeds_data() {
+        QTest::addColumn<bool>("accept");
+        QTest::newRow("OK") << true;
+        QTest::newRow("Cancel") << false;
+    }
     void seedsEditorShowsAndSetsTheSceneSeeds() {
+        QFETCH(bool, accept);
         MainWindow w;
         QVERIFY(showWithScene(w));
         ecosystem::render::EcosystemRender* scene = w.currentModel;
@@ -159,29 +160,16 @@ private slots:
             QCOMPARE(dialog->randomTimeOfDeath->text(), QString::number(before[12]));
             dialog->randomGrowClose->setText("18446744073709551615");
             dialog->randomDeathBecauseOfBadSlope->setText("77");
-            dialog->accept();
+            accept ? dialog->accept() : dialog->reject();
         });
         w.ui.actionEdit_random_generator_seeds->trigger();
         QVERIFY(seen);
         std::vector<unsigned long long> expected = before;
-        expected[0] = 18446744073709551615ULL;
-        expected[11] = 77;
+        if (accept) {
+            expected[0] = 18446744073709551615ULL;
+            expected[11] = 77;
+        }
         QCOMPARE(scene->getRandomGeneratorSeeds(), expected);
-    }
-
-    void seedsEditorCancelKeepsTheSeeds() {
-        MainWindow w;
-        QVERIFY(showWithScene(w));
-        const std::vector<unsigned long long> before = w.currentModel->getRandomGeneratorSeeds();
-        QTimer::singleShot(0, this, [&] {
-            auto* dialog =
-                qobject_cast<gui::RandomGeneratorSeedsEditor*>(QApplication::activeModalWidget());
-            QVERIFY(dialog);
-            dialog->randomGrowClose->setText("5");
-            dialog->reject();
-        });
-        w.ui.actionEdit_random_generator_seeds->trigger();
-        QCOMPARE(w.currentModel->getRandomGeneratorSeeds(), before);
     }
 
     void ecosystemFrameShowsSkyAndTerrain() {

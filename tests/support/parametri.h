@@ -18,6 +18,18 @@ inline bool enakeKrivulje(const arbo::Krivulja& a, const arbo::Krivulja& b) {
     return true;
 }
 
+// The six tables derived from the curves, bit for bit.
+inline bool enakeTabele(const arbo::ParametriDrevesa& a, const arbo::ParametriDrevesa& b) {
+    using P = arbo::ParametriDrevesa;
+    const double(P::*tabele[6])[P::stG][P::stW] = {&P::verjetnostVejitve, &P::kotVejitve,
+                                                   &P::charMax,           &P::charMin,
+                                                   &P::lengthScaling,     &P::graviMorfizem};
+    for (auto t : tabele)
+        if (std::memcmp(a.*t, b.*t, sizeof(a.*t)) != 0)
+            return false;
+    return true;
+}
+
 inline bool enaki(const arbo::ParametriDrevesa& a, const arbo::ParametriDrevesa& b) {
     using P = arbo::ParametriDrevesa;
     const arbo::Krivulja P::*k[12] = {&P::verjetnostiVejitveG,
@@ -35,13 +47,7 @@ inline bool enaki(const arbo::ParametriDrevesa& a, const arbo::ParametriDrevesa&
     for (auto c : k)
         if (!enakeKrivulje(a.*c, b.*c))
             return false;
-    const double(P::*tabele[6])[P::stG][P::stW] = {&P::verjetnostVejitve, &P::kotVejitve,
-                                                   &P::charMax,           &P::charMin,
-                                                   &P::lengthScaling,     &P::graviMorfizem};
-    for (auto t : tabele)
-        if (std::memcmp(a.*t, b.*t, sizeof(a.*t)) != 0)
-            return false;
-    return a.stVsehZil == b.stVsehZil && a.dolzinaDebla == b.dolzinaDebla &&
+    return enakeTabele(a, b) && a.stVsehZil == b.stVsehZil && a.dolzinaDebla == b.dolzinaDebla &&
            a.sirinaSteblaNaZilo == b.sirinaSteblaNaZilo &&
            a.phyllotaxisAngle == b.phyllotaxisAngle && a.graviCentralizem == b.graviCentralizem &&
            a.listi == b.listi && a.listSize == b.listSize && a.gostotaListov == b.gostotaListov &&

@@ -23,30 +23,6 @@ inline unsigned naslednje(unsigned long long& stanje, unsigned razpon) {
     return static_cast<unsigned>(stanje % (1ULL << 32)) % razpon;
 }
 
-// A w x h grid, 25 m apart, every vertex at height 100 (of a 500 m range) and
-// every layer at the given values; the lupa covers the whole grid.
-inline void pripravi(ecosystem::data::CTerrainData& t, int w, int h, float strmina = 0.0f,
-                     float vlaga = 0.5f, float sonce = 0.5f, float veter = 0.0f) {
-    t.stTockX = w;
-    t.stTockY = h;
-    t.visinskaRazlikaNaTerenu = 500.0f;
-    t.waterHeight = 0.0f;
-    t.dimen = arbo::Tocka(25.0f * w, 1000.0f, 25.0f * h);
-    t.pTerrainVertexData.assign(w * h, {});
-    for (int y = 0; y < h; ++y)
-        for (int x = 0; x < w; ++x)
-            t.pTerrainVertexData[x + y * w].pos = arbo::Tocka(25.0f * x, 100.0f, 25.0f * y);
-    t.terrainInclination.assign(w * h, strmina);
-    t.terrainMoisture.assign(w * h, vlaga);
-    t.terrainSunniness.assign(w * h, sonce);
-    t.terrainWindiness.assign(w * h, veter);
-    t.lupaXmin = 0;
-    t.lupaXmax = w - 1;
-    t.lupaYmin = 0;
-    t.lupaYmax = h - 1;
-    t.buildNonwaterIndexes();
-}
-
 using ecosystem::data::CTerrainData;
 
 // Turns t into a w x h grid 25 m apart with the given heights (from 0 up); the
@@ -113,6 +89,24 @@ inline QByteArray stanje(const CTerrainData& t) {
     if (t.ortofotoTexture)
         dodaj(t.ortofotoTexture->constBits(), size_t(t.ortofotoTexture->sizeInBytes()));
     return b;
+}
+
+// A w x h grid, 25 m apart, every vertex at height 100 (of a 500 m range) and
+// every layer at the given values; the lupa covers the whole grid.
+inline void pripravi(CTerrainData& t, int w, int h, float strmina = 0.0f, float vlaga = 0.5f,
+                     float sonce = 0.5f, float veter = 0.0f) {
+    reshape(t, w, h, [](int, int) { return 100.0f; });
+    t.visinskaRazlikaNaTerenu = 500.0f;
+    t.waterHeight = 0.0f;
+    t.terrainInclination.assign(w * h, strmina);
+    t.terrainMoisture.assign(w * h, vlaga);
+    t.terrainSunniness.assign(w * h, sonce);
+    t.terrainWindiness.assign(w * h, veter);
+    t.lupaXmin = 0;
+    t.lupaXmax = w - 1;
+    t.lupaYmin = 0;
+    t.lupaYmax = h - 1;
+    t.buildNonwaterIndexes();
 }
 
 inline void potopi(ecosystem::data::CTerrainData& t, int x, int y) {

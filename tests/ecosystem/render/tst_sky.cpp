@@ -45,54 +45,41 @@ class TestSky : public QObject {
 private slots:
     void initTestCase() { haveGl = gl.create(200, 150); }
 
+    // A box of half-width five terrain widths (only the x extent counts)
+    // around the terrain's middle on the ground; each face's four corners lie
+    // in one of its planes, face 0 (north wall) starting at corner 5.
+    void boxIsFiveTerrainWidthsAroundTheCentre_data() {
+        QTest::addColumn<float>("width");
+        QTest::addColumn<float>("depth");
+        QTest::newRow("square terrain") << 2500.0f << 2500.0f;
+        QTest::newRow("deep terrain") << 1000.0f << 4000.0f;
+    }
     void boxIsFiveTerrainWidthsAroundTheCentre() {
-        Sky sky(arbo::Tocka(2500, 1000, 2500));
-        // r = 12500, centre (1250, 0, 1250)
-        compareTocka(sky.ogljiscaObzorja[0], -11250, 12500, 13750);
-        compareTocka(sky.ogljiscaObzorja[2], 13750, 12500, -11250);
-        compareTocka(sky.ogljiscaObzorja[7], -11250, 0, -11250);
-        // face 0 (north wall) starts at corner 5
-        compareTocka(sky.ogljiscaObzorja[sky.indeksiOgljiscObzorja[0][0]], 13750, 0, 13750);
-        for (GLuint id : sky.idTexturaSky)
-            QCOMPARE(id, 0u);
-    }
-
-    void onlyTheXExtentSizesTheBox() {
-        Sky sky(arbo::Tocka(1000, 1000, 4000));
-        // half-width 5000 around (500, 0, 2000)
-        compareTocka(sky.ogljiscaObzorja[1], 5500, 5000, 7000);
-        compareTocka(sky.ogljiscaObzorja[7], -4500, 0, -3000);
-    }
-
-    void facesUseEveryCornerAndTheirWalls() {
-        Sky sky(arbo::Tocka(2500, 1000, 2500));
-        // Each face's four corners lie in one plane of the box.
+        QFETCH(float, width);
+        QFETCH(float, depth);
+        Sky sky(arbo::Tocka(width, 1000, depth));
+        const float r = 5 * width, cx = width / 2, cz = depth / 2;
+        compareTocka(sky.ogljiscaObzorja[0], cx - r, r, cz + r);
+        compareTocka(sky.ogljiscaObzorja[1], cx + r, r, cz + r);
+        compareTocka(sky.ogljiscaObzorja[2], cx + r, r, cz - r);
+        compareTocka(sky.ogljiscaObzorja[7], cx - r, 0, cz - r);
+        compareTocka(sky.ogljiscaObzorja[sky.indeksiOgljiscObzorja[0][0]], cx + r, 0, cz + r);
         const char axis[6] = {'z', 'z', 'x', 'x', 'y', 'y'};
-        const float value[6] = {13750, -11250, -11250, 13750, 12500, 0};
+        const float value[6] = {cz + r, cz - r, cx - r, cx + r, r, 0};
         for (int f = 0; f < 6; ++f)
             for (int k = 0; k < 4; ++k) {
                 const arbo::Tocka& c = sky.ogljiscaObzorja[sky.indeksiOgljiscObzorja[f][k]];
-                const float v = axis[f] == 'x' ? c.x : axis[f] == 'y' ? c.y : c.z;
-                QCOMPARE(v, value[f]);
+                QCOMPARE(axis[f] == 'x' ? c.x : axis[f] == 'y' ? c.y : c.z, value[f]);
             }
-    }
-
-    void textureCoordinatesInsetAndRepeatWater() {
-        Sky sky(arbo::Tocka(2500, 1000, 2500));
+        for (GLuint id : sky.idTexturaSky)
+            QCOMPARE(id, 0u);
+        // Texture coordinates keep half a texel inside; the water repeats five times.
         const double p = 1.0 / 512.0;
         QCOMPARE(sky.teksturneKoordinate[0].x, p);
         QCOMPARE(sky.teksturneKoordinate[2].x, 1.0 - p);
         QCOMPARE(sky.teksturneKoordinate[3].y, 1.0 - p);
         QVERIFY(std::fabs(sky.teksturneKoordinateVode[2].x - 5.0 * (1.0 - p)) < 1e-6);
         QCOMPARE(sky.teksturneKoordinateVode[1].y, p);
-    }
-
-    void textureNamesInOrder() {
-        Sky sky(arbo::Tocka(2500, 1000, 2500));
-        sky.setTextureNames(1, 2, 3, 4, 5, 6);
-        const GLuint* names = sky.getTextureNames();
-        for (int i = 0; i < 6; ++i)
-            QCOMPARE(names[i], GLuint(i + 1));
     }
 
     // A frame as the ecosystem view draws it without plants: the default camera,

@@ -95,22 +95,16 @@ class TestTerrainMarkings : public QObject {
 private slots:
     void initTestCase() { QVERIFY(gl.createWithViewState(imageSize, imageSize)); }
 
-    // On a 4 x 3 grid (25 m apart) each vertex but the last row and column gets
-    // a square of half-side 17.75 v / sqrt 2 in the layer's colour (moisture
-    // here: green v), over whatever is nearer the eye; the state afterwards is
-    // the same whatever it was before.
-    void diamondsOnASmallGrid() {
+    // The diamonds are drawn over whatever is nearer the eye (only vertices
+    // with a value above 0), and the state afterwards is the view's again:
+    // shapes and colours are checked against the disks below.
+    void diamondsOverEverythingAndStateRestored() {
         CTerrainData t;
         testterrain::pripravi(t, 4, 3);
-        // Row 0: 1, 0.5, 0 (none), and the skipped last column; row 1: 0.75, -1
-        // (none), 0.25; row 2 is skipped.
-        const std::vector<float> values = {1.0f,  0.5f, 0.0f, 1.0f, 0.75f, -1.0f,
-                                           0.25f, 1.0f, 1.0f, 1.0f, 1.0f,  1.0f};
-        t.terrainMoisture = values;
+        t.terrainMoisture = {1.0f,  0.5f, 0.0f, 1.0f, 0.75f, -1.0f,
+                             0.25f, 1.0f, 1.0f, 1.0f, 1.0f,  1.0f};
         TerrainMarkings markings(&t);
-
         lookDown();
-        // Something nearer the eye than the diamonds; with lighting and blending on.
         glDisable(GL_LIGHTING);
         glColor3f(0.2f, 0.2f, 0.2f);
         glBegin(GL_QUADS);
@@ -122,26 +116,13 @@ private slots:
         glEnable(GL_LIGHTING);
         markings.renderMoisture();
         const QImage image = finish();
-
-        auto scaled = [](float v) { return QColor(0, int(std::lround(255 * v)), 0); };
-        const QColor full = scaled(1);
         const QColor grey = pixelAt(image, 90, 90); // far from every diamond
-        for (int y = 0; y < 3; ++y)
-            for (int x = 0; x < 4; ++x) {
-                const float v = values[x + y * 4];
-                const bool drawn = x < 3 && y < 2 && v > 0;
-                const QColor c = pixelAt(image, 25.0f * x, 25.0f * y);
-                QVERIFY2(near(c, drawn ? scaled(v) : grey),
-                         qPrintable(QString("vertex %1,%2: %3").arg(x).arg(y).arg(c.name())));
-            }
-        // The square of value 1 around (0, 0): half-side 12.55 m.
-        QVERIFY(near(pixelAt(image, 11, 11), full));
-        QVERIFY(near(pixelAt(image, -12, -12), full));
-        QVERIFY(near(pixelAt(image, 14, 0), grey));
-        QVERIFY(near(pixelAt(image, 0, -14), grey));
-        // Value 0.5 at (25, 0): half-side 6.3 m.
-        QVERIFY(near(pixelAt(image, 30, 0), scaled(0.5f)));
-        QVERIFY(near(pixelAt(image, 33, 0), grey));
+        QVERIFY(near(pixelAt(image, 0, 0), QColor(0, 255, 0)));
+        QVERIFY(near(pixelAt(image, 0, 25), QColor(0, 191, 0)));
+        QVERIFY(near(pixelAt(image, 50, 0), grey));  // 0: none
+        QVERIFY(near(pixelAt(image, 25, 25), grey)); // -1: none
+        QVERIFY(near(pixelAt(image, 75, 0), grey));  // the last column
+        QVERIFY(near(pixelAt(image, 25, 50), grey)); // the last row
 
         GLfloat colour[4];
         glGetFloatv(GL_CURRENT_COLOR, colour);

@@ -54,11 +54,6 @@ private slots:
     }
     void cleanupTestCase() { delete faktorji; }
 
-    void streamsStartAtOne() {
-        QCOMPARE(faktorji->randomSmrtiZaradiDominiranosti, 1ULL);
-        QCOMPARE(faktorji->randomSmrtiZaradiNeugodnostiNaklona, 1ULL);
-    }
-
     void oldAgeIsBookedAsOther() {
         CRastlina& r = posadi(0, 2, 2, 60, 60, 0.5f, 1.0f);
         r.trenutnaStarost = 12;

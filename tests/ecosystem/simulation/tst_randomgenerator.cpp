@@ -4,45 +4,40 @@
 
 using ecosystem::CRandomGenerator;
 
+// state * 69069 modulo 2^33, the draw the low 32 bits of the new state modulo
+// the range: draws and states worked out by hand, at the edges of the state.
 class TestRandomGenerator : public QObject {
     Q_OBJECT
 private slots:
-    void firstDrawsFromOne() {
-        unsigned long long s = 1;
-        QCOMPARE(CRandomGenerator::randomGenerator(100000, s), 69069u % 100000u);
-        QCOMPARE(s, 69069ULL);
-        QCOMPARE(CRandomGenerator::randomGenerator(100000, s), 59465u);
-        QCOMPARE(s, 4770526761ULL);
+    void drawsByHand_data() {
+        QTest::addColumn<qulonglong>("state");
+        QTest::addColumn<unsigned>("range");
+        QTest::addColumn<unsigned>("draw");
+        QTest::addColumn<qulonglong>("next");
+        QTest::newRow("first from 1") << 1ULL << 100000u << 69069u << 69069ULL;
+        QTest::newRow("second from 1") << 69069ULL << 100000u << 59465u << 4770526761ULL;
+        // 4770526761 * 69069 mod 2^33 = 2801775573, above 2^32: its low bits count.
+        QTest::newRow("state past 2^32") << 4770526761ULL << 4096u << 981u << 2801775573ULL;
+        QTest::newRow("2^32 stays put") << (1ULL << 32) << 100000u << 0u << (1ULL << 32);
+        QTest::newRow("zero stays zero") << 0ULL << 10u << 0u << 0ULL;
+        QTest::newRow("range one") << 12345ULL << 1u << 0u << 852656805ULL;
     }
+    void drawsByHand() {
+        QFETCH(qulonglong, state);
+        QFETCH(unsigned, range);
+        QFETCH(unsigned, draw);
+        QFETCH(qulonglong, next);
+        unsigned long long s = state;
+        QCOMPARE(CRandomGenerator::randomGenerator(range, s), draw);
+        QCOMPARE(qulonglong(s), next);
+    }
+
     void stateKeepsOnly33Bits() {
         unsigned long long s = 1;
         for (int i = 0; i < 1000; ++i) {
             CRandomGenerator::randomGenerator(7, s);
             QVERIFY(s < (1ULL << 33));
         }
-    }
-    void twoToThe32StaysPut() {
-        unsigned long long s = 1ULL << 32;
-        for (int i = 0; i < 5; ++i)
-            QCOMPARE(CRandomGenerator::randomGenerator(100000, s), 0u);
-        QCOMPARE(s, 1ULL << 32);
-    }
-    void zeroStaysZero() {
-        unsigned long long s = 0;
-        QCOMPARE(CRandomGenerator::randomGenerator(10, s), 0u);
-        QCOMPARE(s, 0ULL);
-    }
-    void reductionUsesLow32Bits() {
-        // A state above 2^32 is reduced modulo 2^32 before the range is applied.
-        unsigned long long s = 4770526761ULL; // after the second draw from 1
-        const unsigned long long next = (s * 69069ULL) % (1ULL << 33);
-        QCOMPARE(CRandomGenerator::randomGenerator(4096, s),
-                 static_cast<unsigned>((next % (1ULL << 32)) % 4096));
-    }
-    void rangeOneAlwaysZero() {
-        unsigned long long s = 12345;
-        for (int i = 0; i < 10; ++i)
-            QCOMPARE(CRandomGenerator::randomGenerator(1, s), 0u);
     }
 };
 

@@ -9,6 +9,7 @@
 #include "gui/mainwindow.h"
 #include "support/mainwindowfixture.h"
 #include "support/mouseover.h"
+#include "support/parametri.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -19,7 +20,6 @@
 #include <QSlider>
 #include <QtTest>
 
-#include <cstring>
 #include <memory>
 
 using arbo::Krivulja;
@@ -54,14 +54,6 @@ class TestDesignHandler : public QObject {
         tree()->pdPrepared.saveParameters(name.toStdString());
         QFile f(name);
         return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    }
-    static bool sameTables(const ParametriDrevesa& a, const ParametriDrevesa& b) {
-        return !std::memcmp(a.verjetnostVejitve, b.verjetnostVejitve, sizeof a.verjetnostVejitve) &&
-               !std::memcmp(a.kotVejitve, b.kotVejitve, sizeof a.kotVejitve) &&
-               !std::memcmp(a.charMin, b.charMin, sizeof a.charMin) &&
-               !std::memcmp(a.charMax, b.charMax, sizeof a.charMax) &&
-               !std::memcmp(a.lengthScaling, b.lengthScaling, sizeof a.lengthScaling) &&
-               !std::memcmp(a.graviMorfizem, b.graviMorfizem, sizeof a.graviMorfizem);
     }
     // Drags point i of a graph by (dx, dy); the end points are taken just
     // inside the graph's edges.
@@ -179,14 +171,14 @@ private slots:
         drag(angles->graphG, 1, {0, -40});
         QTest::keyClick(a->sliderTrinkHeight, Qt::Key_End);
         QCOMPARE(tree()->pdPrepared.verjetnostiVejitveG.tocke.size(), size_t(3));
-        QVERIFY(!sameTables(tree()->pdPrepared, p0));
+        QVERIFY(!testparametri::enakeTabele(tree()->pdPrepared, p0));
         QCOMPARE(tree()->pdPrepared.dolzinaDebla, 10.0);
         QVERIFY(repaint.count() >= 4);
         for (QDialog* dialog : {static_cast<QDialog*>(strands), static_cast<QDialog*>(angles),
                                 static_cast<QDialog*>(a)})
             QTest::keyClick(dialog, Qt::Key_Escape);
         QVERIFY(handler()->designers.isEmpty());
-        QVERIFY(sameTables(tree()->pdPrepared, p0));
+        QVERIFY(testparametri::enakeTabele(tree()->pdPrepared, p0));
         QCOMPARE(saved("after.tree.xml"), before);
     }
 

@@ -3,6 +3,7 @@
 #include "gui/design/widgetgraph.h"
 
 #include "support/mouseover.h"
+#include "support/parametri.h"
 #include <QCheckBox>
 #include <QLabel>
 
@@ -12,6 +13,7 @@
 
 using arbo::Krivulja;
 using gui::DistributionDesigner;
+constexpr auto same = testparametri::enakeKrivulje;
 
 // The designer on its own, driven with the mouse: curves shown at and read
 // back from the graph coordinates, auto proof, the highlighted levels, the
@@ -56,14 +58,6 @@ class TestDistributionDesigner : public QObject {
         QTest::mousePress(graph, Qt::LeftButton, {}, from.toPoint());
         mouseOver(graph, to, Qt::LeftButton);
         QTest::mouseRelease(graph, Qt::LeftButton, {}, to);
-    }
-    static bool same(const Krivulja& a, const Krivulja& b) {
-        if (a.tocke.size() != b.tocke.size())
-            return false;
-        for (size_t i = 0; i < a.tocke.size(); ++i)
-            if (a.tocke[i].x != b.tocke[i].x || a.tocke[i].y != b.tocke[i].y)
-                return false;
-        return true;
     }
 
 private slots:

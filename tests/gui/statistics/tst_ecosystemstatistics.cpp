@@ -6,6 +6,7 @@
 #include "gui/statistics/ecosystemstatistics.h"
 #include "support/mainwindowfixture.h"
 #include "support/messagecatcher.h"
+#include "support/mouseover.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -18,12 +19,6 @@ using ecosystem::statistics::CEntitiesStatistics;
 using gui::EcosystemStatistics;
 
 namespace {
-
-void moveMouse(QWidget* w, QPointF pos) {
-    QMouseEvent event(QEvent::MouseMove, pos, w->mapToGlobal(pos), Qt::NoButton, Qt::NoButton,
-                      Qt::NoModifier);
-    QCoreApplication::sendEvent(w, &event);
-}
 
 // Two species over three steps; frames drawn after the first and the last step.
 void fill(CEntitiesStatistics& s) {
@@ -42,7 +37,7 @@ class TestEcosystemStatistics : public QObject {
 private slots:
     // Step s and count n are plotted at (s, H - 20 ln n): 1 on the bottom line,
     // 0 there too; the last pair is the current value.
-    void pointsFromTheLogarithm() {
+    void pointsFromTheLogarithmLivingOrDrawn() {
         CEntitiesStatistics s;
         fill(s);
         EcosystemStatistics w(nullptr, &s);
@@ -61,23 +56,16 @@ private slots:
         QCOMPARE(w.ui.currentValue->text(), QString("(2, 0)"));
 
         // The pointer 40 pixels above the bottom line reads e squared.
-        moveMouse(w.ui.graf1, QPointF(30, h - 40));
+        mouseOver(w.ui.graf1, QPoint(30, int(h) - 40));
         QCOMPARE(w.ui.currentValue->text(), QString("(30, 7.38906)"));
         // Points cannot be dragged, added or removed.
         QTest::mouseClick(w.ui.graf1, Qt::LeftButton, {}, QPoint(100, 50));
         QTest::mouseClick(w.ui.graf1, Qt::RightButton, {}, QPoint(1, int(h) - 1));
         QCOMPARE(w.ui.graf1->points().size(), 3);
-    }
 
-    // "rendered only" plots the drawn plants; while it is on, the living
-    // series' signal leaves the plot alone.
-    void renderedOnly() {
-        CEntitiesStatistics s;
-        fill(s);
-        EcosystemStatistics w(nullptr, &s);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        const double h = w.ui.graf1->height();
+        // "rendered only" plots the drawn plants; while it is on, the living
+        // series' signal leaves the plot alone.
+        w.ui.izbranaVrsta->setCurrentIndex(0);
         QVERIFY(!w.ui.showOnlyRenderedOnes->isChecked());
         w.ui.showOnlyRenderedOnes->setChecked(true);
         const QPolygonF drawn({{0, h - 20 * std::log(2.0)}, {1, h}, {2, h - 20 * std::log(7.0)}});

@@ -43,7 +43,6 @@ private slots:
         CTerrainData t;
         testterrain::reshape(t, 4, 3, [](int x, int y) { return float(10 * y + x); });
         CRainFactory rain(t);
-        QCOMPARE(rain.flowPower, 10.0f);
         QCOMPARE(rain.mapNeighborPosition(5, 0), 1);
         QCOMPARE(rain.mapNeighborPosition(5, 1), 9);
         QCOMPARE(rain.mapNeighborPosition(5, 2), 4);
@@ -119,7 +118,6 @@ private slots:
         rain.getNeighbouringHeights(4, h);
         rain.divideRainForNode(4, 0.0f, h, 0);
         QCOMPARE(t.terrainMoisture[4], 1.0f);
-        QVERIFY(std::isfinite(t.terrainMoisture[4]));
     }
 
     void flowConservesWater() {

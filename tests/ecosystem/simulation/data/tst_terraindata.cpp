@@ -36,11 +36,6 @@ std::vector<DemPoint> readDefaultDemIndependently() {
     return points;
 }
 
-unsigned long long lcg(unsigned long long& s, unsigned r) {
-    s = (s * 69069ULL) % (1ULL << 33);
-    return (s % (1ULL << 32)) % r;
-}
-
 bool allFinite(const std::vector<float>& layer) {
     return std::all_of(layer.begin(), layer.end(), [](float v) { return std::isfinite(v); });
 }
@@ -61,29 +56,9 @@ void writeDem(const QString& path, int nrPoints, float z, const QByteArray& tail
 class TestTerrainData : public QObject {
     Q_OBJECT
 private slots:
-    void defaultTerrainStartsWithItsDocumentedState() {
-        CTerrainData t;
-        QCOMPARE(t.stTockX, 100);
-        QCOMPARE(t.stTockY, 100);
-        QCOMPARE(t.waterHeight, 0.0f);
-        QCOMPARE(t.dimen.x, 2500.0f);
-        QCOMPARE(t.dimen.y, 1000.0f);
-        QCOMPARE(t.dimen.z, 2500.0f);
-        QCOMPARE(t.origin.x, 0.0f);
-        QCOMPARE(t.lupaXmin, 25);
-        QCOMPARE(t.lupaXmax, 75);
-        QCOMPARE(t.lupaYmin, 25);
-        QCOMPARE(t.lupaYmax, 75);
-        QVERIFY(!t.isDataReady());
-        QVERIFY(t.getSunFactory() == nullptr);
-        QVERIFY(t.terrainNormalsFactory == nullptr && t.windFactory == nullptr);
-        QCOMPARE(int(t.pTerrainVertexData.size()), 10000);
-        QCOMPARE(int(t.terrainSunniness.size()), 10000);
-        QVERIFY(t.ortofotoTexture != nullptr);
-        QCOMPARE(t.ortofotoTexture->size(), QSize(128, 128));
-    }
-
-    void defaultDemIsLoadedRowByRowFromItsLowestPoint() {
+    // The documented start: 100 x 100 points 25 m apart, water at 0, the
+    // middle half as the lupa, the DEM loaded row by row from its lowest point.
+    void defaultTerrainAndDem() {
         const std::vector<DemPoint> file = readDefaultDemIndependently();
         QCOMPARE(int(file.size()), 10000);
         double minZ = 1e9, maxZ = -1e9, minX = 1e9, maxY = -1e9;
@@ -94,6 +69,16 @@ private slots:
             maxY = std::max(maxY, p.y);
         }
         CTerrainData t;
+        QCOMPARE(t.stTockX, 100);
+        QCOMPARE(t.stTockY, 100);
+        QCOMPARE(t.dimen.x, 2500.0f);
+        QCOMPARE(t.dimen.y, 1000.0f);
+        QCOMPARE(t.dimen.z, 2500.0f);
+        QCOMPARE(t.waterHeight, 0.0f);
+        QCOMPARE(QList<int>({t.lupaXmin, t.lupaXmax, t.lupaYmin, t.lupaYmax}),
+                 QList<int>({25, 75, 25, 75}));
+        QVERIFY(!t.isDataReady() && t.getSunFactory() == nullptr);
+        QCOMPARE(t.ortofotoTexture->size(), QSize(128, 128));
         QCOMPARE(t.dmrMinZ, 596.2f);
         QCOMPARE(t.dmrMaxZ, 960.4f);
         QVERIFY(std::fabs(t.visinskaRazlikaNaTerenu - 364.2f) < 1e-3f);
@@ -158,73 +143,64 @@ private slots:
         }
     }
 
-    void nonWaterIndexesAtGridEdgeSkipMissingNeighbours() {
+    // A lupa past the grid is cut to it; at the last column and row the
+    // missing neighbours are skipped, not read.
+    void nonWaterIndexesAtTheGridEdges_data() {
+        QTest::addColumn<int>("w");
+        QTest::addColumn<int>("h");
+        QTest::addColumn<int>("wetColumn");
+        QTest::addColumn<QList<int>>("lupa"); // x min, x max, y min, y max
+        QTest::addColumn<QList<int>>("dryColumns");
+        // 3 has a wet +X neighbour, 4 is wet.
+        QTest::newRow("wet column")
+            << 6 << 5 << 4 << QList<int>{0, 6, 0, 5} << QList<int>{0, 1, 2, 5};
+        QTest::newRow("lupa past the grid")
+            << 4 << 3 << -1 << QList<int>{-2, 9, -1, 7} << QList<int>{0, 1, 2, 3};
+    }
+    void nonWaterIndexesAtTheGridEdges() {
+        QFETCH(int, w);
+        QFETCH(int, h);
+        QFETCH(int, wetColumn);
+        QFETCH(QList<int>, lupa);
+        QFETCH(QList<int>, dryColumns);
         CTerrainData t;
-        // Heights 1 everywhere except the second-to-last column, which is wet.
-        testterrain::reshape(t, 6, 5, [](int x, int) { return x == 4 ? 0.0f : 1.0f; });
-        t.lupaXmin = 0;
-        t.lupaXmax = 6; // past the grid: the last column is visited
-        t.lupaYmin = 0;
-        t.lupaYmax = 5;
+        testterrain::reshape(t, w, h, [=](int x, int) { return x == wetColumn ? 0.0f : 1.0f; });
+        t.lupaXmin = lupa[0];
+        t.lupaXmax = lupa[1];
+        t.lupaYmin = lupa[2];
+        t.lupaYmax = lupa[3];
         t.buildNonwaterIndexes();
         std::vector<int> expected;
-        for (int y = 0; y < 5; ++y)
-            for (int x : {0, 1, 2, 5}) // 3 has a wet +X neighbour, 4 is wet
-                expected.push_back(x + y * 6);
+        for (int y = 0; y < h; ++y)
+            for (int x : dryColumns)
+                expected.push_back(x + y * w);
         QCOMPARE(t.nonWaterIndexes, expected);
-    }
-
-    void lupaPastTheGridIsCutToIt() {
-        CTerrainData t;
-        testterrain::reshape(t, 4, 3, [](int, int) { return 1.0f; });
-        t.lupaXmin = -2;
-        t.lupaXmax = 9;
-        t.lupaYmin = -1;
-        t.lupaYmax = 7;
-        t.buildNonwaterIndexes();
-        std::vector<int> all(12);
-        std::iota(all.begin(), all.end(), 0);
-        QCOMPARE(t.nonWaterIndexes, all);
-        QVERIFY(!t.jeNadVodo(Tocka2i(4, 1)));
+        QVERIFY(!t.jeNadVodo(Tocka2i(w, 1)));
         QVERIFY(!t.jeNadVodo(Tocka2i(-1, 1)));
-        QVERIFY(t.jeNadVodo(Tocka2i(3, 2)));
+        QVERIFY(t.jeNadVodo(Tocka2i(w - 1, h - 1)));
     }
 
-    void randomPointDrawsStreamITwiceAndJOnce() {
-        CTerrainData t;
-        CTerrainData::randomPozicije3DNovihRastlinI = 1;
-        CTerrainData::randomPozicije3DNovihRastlinJ = 2;
-        unsigned long long i = 1, j = 2;
-        Tocka A(10, 20, 30), B(35, 24, 30), C(10, 18, 55);
-        for (int call = 0; call < 5; ++call) {
-            const float ri = float(lcg(i, 4096)) / 4096.0f;
-            const float rj = float(lcg(j, 4096)) / 4096.0f;
-            lcg(i, 4096);
-            const Tocka p = t.vrniNakljucnoPozicijo(A, B, C);
-            QCOMPARE(p.x, 10.0f + ri * 25.0f);
-            QCOMPARE(p.y, 20.0f + ri * 4.0f + rj * -2.0f);
-            QCOMPARE(p.z, 30.0f + rj * 25.0f);
-            QCOMPARE(CTerrainData::randomPozicije3DNovihRastlinI, i);
-            QCOMPARE(CTerrainData::randomPozicije3DNovihRastlinJ, j);
-        }
-    }
-
-    void newPlantStandsInItsCell() {
+    // A new plant's point in its cell: on the plane through the vertex and its
+    // +X and next-row neighbours, stream I drawn twice (the second unused), J once.
+    void newPlantPointDrawsITwiceAndJOnce() {
         CTerrainData t;
         CTerrainData::randomPozicije3DNovihRastlinI = 7;
         CTerrainData::randomPozicije3DNovihRastlinJ = 11;
-        for (int k = 0; k < 200; ++k) {
+        unsigned long long i = 7, j = 11;
+        const Tocka a = t.pTerrainVertexData[40 + 60 * 100].pos;
+        const Tocka b = t.pTerrainVertexData[41 + 60 * 100].pos;
+        const Tocka c = t.pTerrainVertexData[40 + 61 * 100].pos;
+        for (int call = 0; call < 5; ++call) {
+            const float ri = float(testterrain::naslednje(i, 4096)) / 4096.0f;
+            const float rj = float(testterrain::naslednje(j, 4096)) / 4096.0f;
+            testterrain::naslednje(i, 4096);
             Tocka p;
             t.dolociPozicijoNoveRastline3D(Tocka2i(40, 60), p);
-            QVERIFY(p.x >= 1000.0f && p.x < 1025.0f);
-            QVERIFY(p.z >= 1500.0f && p.z < 1525.0f);
-            // On the plane through the vertex and its +X and next-row neighbours.
-            const Tocka a = t.pTerrainVertexData[40 + 60 * 100].pos;
-            const Tocka b = t.pTerrainVertexData[41 + 60 * 100].pos;
-            const Tocka c = t.pTerrainVertexData[40 + 61 * 100].pos;
-            const float expectedY =
-                a.y + (p.x - a.x) / 25.0f * (b.y - a.y) + (p.z - a.z) / 25.0f * (c.y - a.y);
-            QVERIFY(std::fabs(p.y - expectedY) < 1e-3f);
+            QCOMPARE(p.x, a.x + ri * 25.0f);
+            QCOMPARE(p.y, a.y + ri * (b.y - a.y) + rj * (c.y - a.y));
+            QCOMPARE(p.z, a.z + rj * 25.0f);
+            QCOMPARE(CTerrainData::randomPozicije3DNovihRastlinI, i);
+            QCOMPARE(CTerrainData::randomPozicije3DNovihRastlinJ, j);
         }
     }
 
@@ -246,23 +222,6 @@ private slots:
             QCOMPARE(p.z, lastRow.z);
             QVERIFY(p.x >= lastRow.x && p.x < lastRow.x + 25.0f);
         }
-    }
-
-    void sameSeedsGiveSamePositions() {
-        CTerrainData t;
-        auto run = [&] {
-            CTerrainData::randomPozicije3DNovihRastlinI = 3;
-            CTerrainData::randomPozicije3DNovihRastlinJ = 4;
-            std::vector<float> xs;
-            for (int k = 0; k < 10; ++k) {
-                Tocka p;
-                t.dolociPozicijoNoveRastline3D(Tocka2i(30 + k, 40), p);
-                xs.push_back(p.x);
-                xs.push_back(p.z);
-            }
-            return xs;
-        };
-        QCOMPARE(run(), run());
     }
 
     void buildTerrainDataMakesEveryLayerFinite() {
@@ -352,6 +311,15 @@ private slots:
         QVERIFY(t.isDataReady());
         QVERIFY(t.getSunFactory() != nullptr);
         QCOMPARE(t.ortofotoTexture->size(), QSize(128, 128));
+        // A complete file with blank lines after it loads silently too.
+        QTemporaryDir dir;
+        const QString path = dir.filePath("full.dmr");
+        writeDem(path, 10000, 650.5f, "\n\n   \n");
+        QVERIFY(t.reloadDMR(path.toLocal8Bit().constData()));
+        QVERIFY(catcher.messages.empty());
+        QCOMPARE(t.dmrMinZ, 650.5f);
+        QCOMPARE(t.dmrMaxX, 1000.0f + 25 * 99);
+        QCOMPARE(t.dmrMinY, 5000.0f - 25 * 99);
     }
 
     // A rejected file is reported once and changes nothing at all: grid, range,
@@ -408,19 +376,6 @@ private slots:
         QCOMPARE(catcher.lines(), std::vector<std::string>{"Error: " + message.toStdString()});
         QVERIFY(testterrain::stanje(t) == terrain);
         QCOMPARE(testsimulation::stanje(s), simulation);
-    }
-
-    void completeFileWithTrailingBlankLinesLoadsSilently() {
-        QTemporaryDir dir;
-        const QString path = dir.filePath("full.dmr");
-        writeDem(path, 10000, 650.5f, "\n\n   \n");
-        MessageCatcher catcher;
-        CTerrainData t;
-        QVERIFY(t.reloadDMR(path.toLocal8Bit().constData()));
-        QVERIFY(catcher.messages.empty());
-        QCOMPARE(t.dmrMinZ, 650.5f);
-        QCOMPARE(t.dmrMaxX, 1000.0f + 25 * 99);
-        QCOMPARE(t.dmrMinY, 5000.0f - 25 * 99);
     }
 
     // A flat DEM is a valid terrain without dry land: the simulation steps on

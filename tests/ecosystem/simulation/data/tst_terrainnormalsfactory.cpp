@@ -41,36 +41,27 @@ private slots:
         QVERIFY(near(f.getNormal(a, b, c), Tocka(-1.0f / 3, 2.0f / 3, -2.0f / 3)));
     }
 
-    void flatTerrainPointsUpWithNoInclination() {
-        CTerrainData t;
-        testterrain::reshape(t, 7, 5, [](int, int) { return 3.0f; });
-        buildNormalsAndInclination(t);
-        for (int i = 0; i < 35; ++i) {
-            QVERIFY(near(t.terrainNormals[i], Tocka(0, 1, 0)));
-            QCOMPARE(t.terrainInclination[i], 0.0f);
-        }
+    // A plane's normal everywhere, last row and column included; the
+    // inclination is 1 - its height.
+    void planes_data() {
+        QTest::addColumn<float>("perColumn"); // rise in metres per 25 m
+        QTest::addColumn<float>("perRow");
+        QTest::newRow("flat") << 0.0f << 0.0f;
+        QTest::newRow("rising along columns") << 25.0f << 0.0f;
+        QTest::newRow("rising along rows") << 0.0f << 10.0f;
     }
-
-    void planeRisingAlongColumnsLeansBack() {
+    void planes() {
+        QFETCH(float, perColumn);
+        QFETCH(float, perRow);
         CTerrainData t;
-        testterrain::reshape(t, 6, 4, [](int x, int) { return 25.0f * x; });
+        testterrain::reshape(t, 6, 4,
+                             [=](int x, int y) { return 3.0f + perColumn * x + perRow * y; });
         buildNormalsAndInclination(t);
-        const float r = float(1.0 / std::sqrt(2.0));
+        // Normal (-dx, 25, -dz) / |.|.
+        const double len = std::sqrt(25.0 * 25 + perColumn * perColumn + perRow * perRow);
+        const Tocka n(float(-perColumn / len), float(25 / len), float(-perRow / len));
         for (int i = 0; i < 24; ++i) {
-            QVERIFY(near(t.terrainNormals[i], Tocka(-r, r, 0)));
-            QVERIFY(std::fabs(t.terrainInclination[i] - (1.0f - r)) < 1e-6f);
-        }
-        QVERIFY(std::fabs(t.terrainInclination[0] - 0.2929f) < 1e-4f);
-    }
-
-    void planeRisingAlongRowsFacesRowZero() {
-        CTerrainData t;
-        // 10 m per 25 m row: normal (0, 25, -10) / |.|.
-        testterrain::reshape(t, 4, 6, [](int, int y) { return 10.0f * y; });
-        buildNormalsAndInclination(t);
-        const double len = std::sqrt(25.0 * 25.0 + 10.0 * 10.0);
-        for (int i = 0; i < 24; ++i) {
-            QVERIFY(near(t.terrainNormals[i], Tocka(0, float(25 / len), float(-10 / len))));
+            QVERIFY(near(t.terrainNormals[i], n));
             QVERIFY(std::fabs(t.terrainInclination[i] - float(1 - 25 / len)) < 1e-6f);
         }
     }

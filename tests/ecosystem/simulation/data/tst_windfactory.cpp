@@ -43,34 +43,6 @@ float plainWindiness(const CTerrainData& t, int x, int y) {
 class TestWindFactory : public QObject {
     Q_OBJECT
 private slots:
-    void defaults() {
-        CTerrainData t;
-        CWindFactory w(t);
-        QCOMPARE(w.getWindVector().x, 0.0);
-        QCOMPARE(w.getWindVector().y, 1.0);
-        QCOMPARE(w.getWindFallRadius(), 10);
-        QCOMPARE(w.getWindFallAngle(), 0.6981317f);
-    }
-
-    void flatTerrainIsExposedEverywhere() {
-        CTerrainData t;
-        testterrain::reshape(t, 8, 12, [](int, int) { return 5.0f; });
-        CWindFactory(t).buildWindiness();
-        for (float v : t.terrainWindiness)
-            QCOMPARE(v, 1.0f);
-    }
-
-    void stepsUpwindTowardsRowZero() {
-        CTerrainData t;
-        testterrain::reshape(t, 4, 4, [](int, int) { return 0.0f; });
-        CWindFactory w(t);
-        Tocka2D p(2, 1);
-        QVERIFY(w.getNextVertex(p));
-        QCOMPARE(p.x, 2.0);
-        QCOMPARE(p.y, 0.0);
-        QVERIFY(!w.getNextVertex(p));
-    }
-
     void upwindRiseShelters() {
         CTerrainData t;
         // Column 1: 25 m rise one row upwind of row 5 (45 degrees).
@@ -90,7 +62,6 @@ private slots:
         auto wind = [&](int x, int y) { return t.terrainWindiness[x + y * 6]; };
         QCOMPARE(wind(1, 5), 0.0f);
         QVERIFY(std::fabs(wind(2, 5) - (1.0 - std::atan(0.4) / 0.6981317)) < 1e-5);
-        QVERIFY(std::fabs(wind(2, 5) - 0.455f) < 1e-3f);
         QCOMPARE(wind(3, 12), 0.0f);
         QCOMPARE(wind(4, 13), 1.0f);
         // Terrain lower than the vertex never shelters it: the top of the rise.
@@ -145,14 +116,17 @@ private slots:
         QVERIFY(sheltered > 20);
     }
 
-    void stillWindLeavesEverythingExposed() {
+    // Flat ground, or no wind at all: exposed everywhere.
+    void flatOrStillIsExposedEverywhere() {
         CTerrainData t;
+        testterrain::reshape(t, 8, 12, [](int, int) { return 5.0f; });
+        CWindFactory(t).buildWindiness();
+        QCOMPARE(t.terrainWindiness, std::vector<float>(96, 1.0f));
         testterrain::reshape(t, 4, 4, [](int x, int y) { return float(x * y * 30); });
         CWindFactory w(t);
         w.windVector = Tocka2D(0, 0);
         w.buildWindiness();
-        for (float v : t.terrainWindiness)
-            QCOMPARE(v, 1.0f);
+        QCOMPARE(t.terrainWindiness, std::vector<float>(16, 1.0f));
     }
 };
 

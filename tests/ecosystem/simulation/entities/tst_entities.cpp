@@ -74,16 +74,10 @@ private slots:
         QCOMPARE(CRastlina::randomCasSmrti, tok);
         // Every condition tolerated; slope 1 with harm 0.05 leaves 1 - 0.0025.
         QCOMPARE(rastlina.prodornost, 0.9975f);
-    }
-
-    void waterLevelShiftsNormalisedHeight() {
-        CTerrainData teren;
-        testterrain::pripravi(teren, 4, 4);
+        // The height is taken above the water, over the range above it.
         teren.waterHeight = 0.2f;
-        CEntitiesStatistics statistika;
-        CVrstaRastlin vrsta = testterrain::vrsta(&teren, &statistika);
-        CRastlina rastlina(vrsta, Tocka2i(1, 1), arbo::Tocka(30.0f, 300.0f, 30.0f));
-        QCOMPARE(rastlina.visinaTukajNormNadVodo, float((0.6f - 0.2f) / (1.0 - 0.2f)));
+        CRastlina nadVodo(vrsta, Tocka2i(1, 1), arbo::Tocka(30.0f, 300.0f, 30.0f));
+        QCOMPARE(nadVodo.visinaTukajNormNadVodo, float((0.6f - 0.2f) / (1.0 - 0.2f)));
     }
 
     void intolerableConditionGivesNoPenetration() {

@@ -59,16 +59,6 @@ private slots:
         s.addRenderedSpecies({1, 2});
         QCOMPARE(s.korakiUpodobitev, std::vector<int>({0, 0, 0, 1}));
     }
-
-    void deathsAddUp() {
-        CEntitiesStatistics s;
-        s.dodajSmrtOstalo();
-        s.dodajSmrtZaradiDominiranosti();
-        s.dodajSmrtOstalo();
-        QCOMPARE(s.umrliOstalo, 2);
-        QCOMPARE(s.umrliZaradiDominiranosti, 1);
-        QCOMPARE(s.umrliSkupaj, 3);
-    }
 };
 
 QTEST_GUILESS_MAIN(TestEntitiesStatistics)
