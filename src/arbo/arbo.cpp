@@ -127,7 +127,7 @@ void Arbo::zrastiZaDatoteko(int stZil, double aktivnaVisina) {
     idVejaNext = 1;
 }
 
-void Arbo::zacniOkvir(int& stZil, double& aktivnaVisina) {
+void Arbo::zacniOkvir(int& stZil, double& aktivnaVisina, bool zaRast) {
     if (!pdZeNastavljen)
         postaviPrivzeteLastnostiDrevesa();
     stZil = pd.stVsehZil;
@@ -147,7 +147,8 @@ void Arbo::zacniOkvir(int& stZil, double& aktivnaVisina) {
     }
     if (pogled.animateOrbitAround)
         pogled.orbit += 5.37;
-    srand(1); // the random sway draws the same sequence every frame
+    if (zaRast)
+        srand(1); // the random sway draws the same sequence every frame
     pogled.cas += 0.06283185307179587;
     idVejaNext = 1;
     const double s = std::sin(pogled.cas);

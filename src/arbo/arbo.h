@@ -48,8 +48,10 @@ public:
     // The three parts of a frame, for callers that grow trees on other threads
     // and draw them in order (the ecosystem plant walk):
     // the frame's start: working parameters, growth, spin, wind phase, flutter;
-    // gives the strand count and the trunk height of this frame.
-    void zacniOkvir(int& stZil, double& aktivnaVisina);
+    // gives the strand count and the trunk height of this frame. A frame that
+    // is not grown (a far plant drawn as a picture) need not reseed the sway's
+    // random sequence: every grown frame reseeds it first.
+    void zacniOkvir(int& stZil, double& aktivnaVisina, bool zaRast = true);
     // The render state every frame sets before its geometry.
     void nastaviStanjeGl();
     // Grows the tree from the model-view matrix koren into the pieces' mesh

@@ -37,7 +37,8 @@ void narisiPaket(const MrezaDrevesa::Paket& p, GLenum nacin, GLuint tekstura) {
 }
 } // namespace
 
-void MrezaDrevesa::narisi(unsigned int teksturaLubja, unsigned int teksturaListov) const {
+void MrezaDrevesa::narisi(unsigned int teksturaLubja, unsigned int teksturaListov,
+                          bool vOcesnihKoordinatah, float velikostTock) const {
     glPushClientAttrib(GL_CLIENT_VERTEX_ARRAY_BIT);
     glEnableClientState(GL_VERTEX_ARRAY);
     glEnableClientState(GL_NORMAL_ARRAY);
@@ -45,12 +46,13 @@ void MrezaDrevesa::narisi(unsigned int teksturaLubja, unsigned int teksturaListo
     glEnableClientState(GL_COLOR_ARRAY);
     glMatrixMode(GL_MODELVIEW);
     glPushMatrix();
-    glLoadIdentity();
+    if (vOcesnihKoordinatah)
+        glLoadIdentity();
     narisiPaket(lubje, GL_TRIANGLES, teksturaLubja);
     narisiPaket(crte, GL_LINES, teksturaLubja);
     narisiPaket(listi, GL_TRIANGLES, teksturaListov);
     if (!tocke.oglisca.empty()) {
-        glPointSize(1.4f);
+        glPointSize(velikostTock);
         narisiPaket(tocke, GL_POINTS, teksturaListov);
     }
     glPopMatrix();

@@ -62,8 +62,12 @@ public:
 
     void izprazni();
     // Draws the packets in eye coordinates (the caller's model-view matrix is
-    // not used); textures as named, texturing as the caller has enabled it.
-    void narisi(unsigned int teksturaLubja, unsigned int teksturaListov) const;
+    // not used), or, for a mesh grown in the tree's own coordinates, under the
+    // caller's model-view matrix; textures as named, texturing as the caller
+    // has enabled it. Leaf points are 1.4 pixels, unless another size is given
+    // (for a picture drawn finer than the view shows it).
+    void narisi(unsigned int teksturaLubja, unsigned int teksturaListov,
+                bool vOcesnihKoordinatah = true, float velikostTock = 1.4f) const;
 };
 
 } // namespace arbo

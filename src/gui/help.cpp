@@ -62,6 +62,8 @@ QString navigationKeys() {
         "or on it</td></tr>"
         "<tr><td><b>Space</b></td><td>switch between ecosystem and tree edit mode</td></tr>"
         "<tr><td><b>F5</b></td><td>run or stop the simulation</td></tr>"
+        "<tr><td><b>Ctrl+Shift+F</b></td><td>fast distant trees: far plants as pictures "
+        "of their trees</td></tr>"
         "</table>"
         "<p>Key presses in the ecosystem add up: the camera glides and slowly comes to a "
         "stop.</p>");

@@ -16,6 +16,7 @@
 #include "gui/statistics/ecosystemstatistics.h"
 
 #include <QSpinBox>
+#include <QStatusBar>
 
 namespace gui {
 
@@ -191,7 +192,15 @@ void MainWindow::bindViewHandler() {
          {ui.actionDisplay_terrain_moisture, &V::actionDisplay_terrain_moisture},
          {ui.actionDisplay_terrain_sunniness, &V::actionDisplay_terrain_sunniness},
          {ui.actionDisplay_terrain_windiness, &V::actionDisplay_terrain_windiness},
-         {ui.actionDisplay_sun, &V::actionDisplay_sun}});
+         {ui.actionDisplay_sun, &V::actionDisplay_sun},
+         {ui.actionFast_distant_trees, &V::actionFast_distant_trees}});
+    // Slow frames point to the fast switch once; switching it on takes that back.
+    connect(currentModel, &EcosystemRender::statusHint, this, [this](const QString& text) {
+        if (text.isEmpty())
+            statusBar()->clearMessage();
+        else
+            statusBar()->showMessage(text);
+    });
 }
 
 // The check marks follow the scene after every change the window hears of: a
@@ -235,6 +244,7 @@ void MainWindow::showStateInCheckMarks() {
         {ui.actionDisplay_terrain_sunniness, s.displayTerrainSunniness},
         {ui.actionDisplay_terrain_windiness, s.displayTerrainWindiness},
         {ui.actionDisplay_sun, s.displaySun},
+        {ui.actionFast_distant_trees, s.fastDistantTrees},
         {ui.actionGrow_tree, p.animateGrow},
         {ui.actionSpin_tree, p.animateOrbitAround},
         {ui.actionSway_tree_in_wind, p.animateWindSway}};
@@ -297,6 +307,8 @@ void MainWindow::newGlContextInitialized(OglWidget* view) {
             Qt::UniqueConnection);
     connect(navigationHandler, &actionhandling::NavigationHandler::forceRefresh, view,
             &OglWidget::updateGL, Qt::UniqueConnection);
+    connect(view, &OglWidget::frameSwapped, timeKeeper, &actionhandling::TimeKeeper::frameShown,
+            Qt::UniqueConnection);
     connect(view, &OglWidget::frameSwapped, this, &MainWindow::showStateInCheckMarks,
             Qt::UniqueConnection);
 }

@@ -23,6 +23,32 @@ private slots:
         QCOMPARE(steps.count(), count);
     }
 
+    // A frame is drawn while the event loop handles a queued event; input
+    // that comes in meanwhile waits behind it. The next step must come after
+    // that input, not straight after the frame.
+    void afterAFrameEventsComeBeforeTheNextStep() {
+        TimeKeeper keeper(nullptr, nullptr);
+        QStringList order;
+        bool drawn = false;
+        connect(&keeper, &TimeKeeper::updateSimulationAndGL, this, [&] {
+            if (drawn)
+                order << "step";
+        });
+        keeper.toggleRunSimulation();
+        QMetaObject::invokeMethod(
+            this,
+            [&] {
+                QMetaObject::invokeMethod(
+                    this, [&] { order << "key"; }, Qt::QueuedConnection);
+                keeper.frameShown();
+                drawn = true;
+            },
+            Qt::QueuedConnection);
+        QTRY_VERIFY(order.size() >= 2);
+        QCOMPARE(order.first(), QString("key"));
+        keeper.toggleRunSimulation();
+    }
+
     void sequenceExportDuringSimulationNumbersImages() {
         TimeKeeper keeper(nullptr, nullptr);
         QSignalSpy images(&keeper, &TimeKeeper::grabFrameBuffer);

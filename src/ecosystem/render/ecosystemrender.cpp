@@ -12,6 +12,7 @@
 #include "ecosystem/simulation/ecosystemsimulation.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QImage>
 
@@ -239,7 +240,7 @@ int EcosystemRender::drawVisiblePlants() {
     std::vector<int> counts;
     const int visible = visiblePlants.render(
         ecosystemSimulation->rastlinskeVrste, izglediDrevesnihVrst, *izbranoArbo, *camera,
-        {showNeighborHood, doNotDrawTrees, lightingEnabled, wireframe}, counts);
+        {showNeighborHood, doNotDrawTrees, lightingEnabled, wireframe, fastDistantTrees}, counts);
     getEntitiesStatistics()->addRenderedSpecies(counts);
     emit nrPlantsRenderedChanged();
     return visible;
@@ -257,12 +258,31 @@ void EcosystemRender::render() {
     else
         glDisable(GL_LIGHTING);
     checkGlError("Zacetek renderiranja");
-    if (singleRender)
+    if (singleRender) {
         izbranoArbo->drawSingleTreeCentered(camera->dol_pomik, camera->levo_pomik, camera->z_pomik,
                                             camera->x_zasuk, camera->y_zasuk);
-    else
+    } else {
+        QElapsedTimer frameTimer;
+        frameTimer.start();
         renderEcosystem();
+        hintAtSlowFrames(frameTimer.nsecsElapsed() / 1e6);
+        // The impostor atlas draws a limited number of pictures per frame:
+        // the next frame draws more.
+        if (visiblePlants.atlasPending)
+            emit modelDataChanged();
+    }
     checkGlError("Vse zrenderirano");
+}
+
+// Frames that hold the window for more than half a second with the exact
+// drawing: say once where the faster one is.
+void EcosystemRender::hintAtSlowFrames(double frameMs) {
+    if (slowFramesHinted || fastDistantTrees || frameMs <= slowFrameMs)
+        return;
+    slowFramesHinted = true;
+    emit statusHint(QCoreApplication::translate(
+        "EcosystemRender", "Frames take more than half a second: View > \"Fast distant trees\" "
+                           "(Ctrl+Shift+F) draws far trees faster."));
 }
 
 void EcosystemRender::renderEcosystem() {
@@ -447,6 +467,12 @@ void EcosystemRender::toggleDisplaySun() {
 }
 void EcosystemRender::toggleDisplaySky() {
     displaySky = !displaySky;
+}
+void EcosystemRender::toggleFastDistantTrees() {
+    fastDistantTrees = !fastDistantTrees;
+    // The hint has been taken up.
+    if (fastDistantTrees && slowFramesHinted)
+        emit statusHint(QString());
 }
 
 void EcosystemRender::actionRender_less_often_skip_more_frames() {

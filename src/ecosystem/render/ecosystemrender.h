@@ -54,6 +54,8 @@ public:
                                 QString& up, QString& down) const;
     // Draws the living plants; returns how many passed the culling test.
     int renderVisiblePlants();
+    // The plant walk, with its measurements and impostor atlas.
+    VisiblePlantsRender& plantWalk() { return visiblePlants; }
     int getLupaMinX() const;
     int getLupaMaxX() const;
     int getLupaMinY() const;
@@ -92,6 +94,11 @@ public:
     QString filenameDetail;
     QString filenameSky1, filenameSky2, filenameSky3, filenameSky4, filenameSky5, filenameSky6;
     bool checkingForGlErrors = false;
+    // Plants at levels of detail 5 and beyond (125 m and farther) drawn as
+    // impostors, pictures of their trees drawn once, instead of grown trees.
+    bool fastDistantTrees = false;
+    // Ecosystem frames slower than this bring the hint at the fast switch.
+    double slowFrameMs = 500.0;
 
 signals:
     void modelDataChanged();
@@ -103,6 +110,9 @@ signals:
     // (a parameter file loaded into it) or the tree-edit mode was entered or
     // left: whatever edits the selected tree takes it up again (or closes).
     void selectedTreeReplaced();
+    // A hint for the status bar, given once: frames are slow and the fast
+    // switch would help. An empty text takes it back.
+    void statusHint(const QString& text);
 
 public slots:
     void render();
@@ -130,6 +140,7 @@ public slots:
     void toggleDisplayLandMarkings();
     void toggleDisplaySun();
     void toggleDisplaySky();
+    void toggleFastDistantTrees();
     void actionRender_less_often_skip_more_frames();
     void actionRender_more_often_skip_less_frames();
     void checkGlError(const char* message);
@@ -173,7 +184,10 @@ private:
     void initTerrainTextures(QOpenGLWidget* widget);
     void bindTreeTextures(const QImage& bark, const QImage& leaf);
 
+    void hintAtSlowFrames(double frameMs);
+
     VisiblePlantsRender visiblePlants;
+    bool slowFramesHinted = false;
 };
 
 } // namespace ecosystem::render

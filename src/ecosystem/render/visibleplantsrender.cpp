@@ -2,6 +2,7 @@
 
 #include "arbo/arbo.h"
 #include "ecosystem/render/camera.h"
+#include "ecosystem/render/impostoratlas.h"
 #include "ecosystem/render/levelofdetail.h"
 #include "ecosystem/render/objectculling.h"
 #include "ecosystem/simulation/entities/rastlina.h"
@@ -14,7 +15,11 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <cmath>
 #include <condition_variable>
+#include <cstdlib>
+#include <limits>
 #include <mutex>
 #include <thread>
 
@@ -29,6 +34,9 @@ namespace {
 const float radijObjekta = 5.0f;   // bounding sphere of every plant, metres
 const float visinaSredisca = 2.5f; // its centre above the plant's foot
 const double zasukNaId = 17.19;    // each plant turned by its own angle
+// Time the atlas may take per frame to draw cells: the rest comes in later
+// frames, and the window stays responsive meanwhile.
+const double casAtlasaNaOkvirMs = 40.0;
 
 // The frustum of the current projection and model-view matrices, combined by GL.
 CObjectCulling frustumOfCurrentView() {
@@ -86,6 +94,15 @@ void drawNeighbourhood(const simulationEntities::CRastlina& rastlina, int tip, G
     glEnable(GL_DEPTH_TEST);
 }
 
+// The neighbourhood disk at the plant's foot, as the walk draws it before the tree.
+void drawNeighbourhoodAtPlant(const simulationEntities::CRastlina& rastlina, int tip,
+                              GLUquadric* quadric, bool lightingEnabled) {
+    glPushMatrix();
+    glTranslatef(rastlina.pozicija3D.x, rastlina.pozicija3D.y, rastlina.pozicija3D.z);
+    drawNeighbourhood(rastlina, tip, quadric, lightingEnabled);
+    glPopMatrix();
+}
+
 // Sets the model's view settings for this plant and returns its level of
 // detail. The parameters are copied once per model and walk instead of once per
 // plant: nothing edits them while the walk runs.
@@ -107,18 +124,25 @@ int setUpModelForPlant(arbo::Arbo& drevo, const simulationEntities::CRastlina& r
     return levelOfDetail.getLODcase(rastlina.pozicija3D);
 }
 
+const float neNastavljeno = std::numeric_limits<float>::quiet_NaN();
+
 } // namespace
 
-// The trees of a walk grown on a second thread. Every model gets a twin that
-// grows its frames there, so the twin carries the model's colour state from
-// frame to frame as the model would; a ring of jobs holds the frames' inputs
-// (taken on this thread, in plant order, with every side effect of the frame
-// on the model) and their meshes, which this thread draws in the same order.
+// The trees of a walk grown by a pool of threads. The drawing thread hands over
+// one job per tree in plant order, with the start of the tree's frame already
+// taken on the model (growth, spin, wind phase: every side effect the model
+// carries from tree to tree). Jobs are closed in batches of a few trees; a
+// grower takes the oldest open batch and grows its trees, each into the job's
+// own mesh, on its own twins of the models. The drawing thread draws the jobs
+// in order with the calls the tree's own frame would make, and when the next
+// job is not ready it grows the oldest open batch itself rather than wait.
 class VisiblePlantsRender::Rastoci {
 public:
     struct Posel {
         arbo::Arbo* model = nullptr;
-        arbo::Arbo* dvojnik = nullptr;
+        int izgled = 0;
+        bool drevo = true; // false: only the neighbourhood disk (an impostor's plant)
+        long hod = 0;      // the walk the job belongs to
         const simulationEntities::CRastlina* rastlina = nullptr;
         int tip = 0;
         arbo::Pogled pogled;
@@ -127,182 +151,291 @@ public:
         double aktivnaVisina = 0;
         int idVejaNext = 1;
         arbo::Matrika koren;
-        // What the frame leaves behind.
+        // What the frame leaves behind. A colour the tree never set stays NaN:
+        // the model keeps the one an earlier tree left.
         arbo::MrezaDrevesa mreza;
         int stSegmentov = 0, stListov = 0, idVejaNextPo = 1;
         float barvaStebla[3] = {1, 1, 1};
         float barva[4] = {1, 1, 1, 1};
     };
-    static constexpr long stPoslov = 32;
+    static constexpr long velikostSklopa = 8; // trees per batch
+    // Batches on the way at most: sixteen (fewer made two cores wait for
+    // growing), or two for every thread on larger machines; each job keeps its
+    // mesh's memory.
+    const long stSklopov;
+    const long stPoslov;
+    const int stPomocnikov;
     long stKosov = 0; // stems and leaves drawn in this walk
+    // The drawing thread's nanoseconds in this walk: drawing, growing, waiting.
+    std::int64_t nsRisanje = 0, nsRast = 0, nsCakanje = 0;
+
+    explicit Rastoci(int stPomocnikov)
+        : stSklopov(std::max(16L, 2L * (stPomocnikov + 1))), stPoslov(velikostSklopa * stSklopov),
+          stPomocnikov(stPomocnikov), posli(std::size_t(stPoslov)),
+          stVSklopu(std::size_t(stSklopov)), koncanSklop(std::size_t(stSklopov)),
+          dvojniki(std::size_t(stPomocnikov) + 1) {}
+
+    ~Rastoci() {
+        konec = true;
+        zbudiRastoce();
+        for (std::thread& t : niti)
+            t.join();
+    }
 
     // Starts a walk over the models' trees.
     void zacni(const std::vector<arbo::Arbo*>& modeli) {
         this->modeli = modeli;
-        while (dvojniki.size() < modeli.size())
-            dvojniki.push_back(std::make_unique<arbo::Arbo>());
-        zacet.assign(modeli.size(), false);
-        // A model listed twice has one twin: its state runs on from tree to tree.
-        dvojnikModela.resize(modeli.size());
-        for (size_t i = 0; i < modeli.size(); ++i)
-            dvojnikModela[i] =
-                int(std::find(modeli.begin(), modeli.end(), modeli[i]) - modeli.begin());
+        ++hod;
+        for (auto& d : dvojniki)
+            while (d.size() < modeli.size())
+                d.push_back(Dvojnik{std::make_unique<arbo::Arbo>(), -1});
         stKosov = 0;
-        if (!nit.joinable()) // the thread lives from the first walk on
-            nit = std::thread([this] { delaj(); });
+        nsRisanje = nsRast = nsCakanje = 0;
+        // The threads live from the first walk on.
+        while (int(niti.size()) < stPomocnikov) {
+            const int rastoci = int(niti.size()) + 1;
+            niti.emplace_back([this, rastoci] { delaj(rastoci); });
+        }
     }
 
-    ~Rastoci() {
-        if (!nit.joinable())
-            return;
-        konec = true;
-        zbudi(delavecCaka);
-        nit.join();
-    }
-
-    // A free job for the next tree of model i (drawing older trees to free one).
+    // A free job for the next tree of model izgled (drawing older trees to free one).
     Posel& prost(int izgled, const Flags& flags) {
         while (oddanih - narisanih >= stPoslov)
             narisi(flags);
-        const int i = dvojnikModela[izgled];
-        Posel& p = posli[oddanih % stPoslov];
-        p.model = modeli[i];
-        p.dvojnik = dvojniki[i].get();
-        if (!zacet[i]) {
-            // The twin starts from the model's state; nothing is growing on it.
-            zacet[i] = true;
-            arbo::Arbo& d = *p.dvojnik;
-            d.pd = p.model->pd;
-            d.pdZeNastavljen = true;
-            std::copy(p.model->barvaStebla, p.model->barvaStebla + 3, d.barvaStebla);
-            const float* b = p.model->delckiDrevesa.trenutnaBarva();
-            d.delckiDrevesa.nastaviBarvo(b[0], b[1], b[2], b[3]);
-        }
+        Posel& p = posli[std::size_t(oddanih % stPoslov)];
+        p.model = modeli[size_t(izgled)];
+        p.izgled = izgled;
+        p.drevo = true;
+        p.hod = hod;
         return p;
     }
 
     void oddaj(const Flags& flags) {
         ++oddanih;
-        // Waking the growing thread for every job would cost more than most
-        // jobs: it is woken once a few have gathered, or when needed below.
-        if (oddanih - koncanih >= stPoslov / 4)
-            zbudi(delavecCaka);
+        if (oddanih % velikostSklopa == 0)
+            zapri(velikostSklopa);
         // Draw what is ready without waiting.
-        while (narisanih < koncanih)
+        while (narisanih < oddanih && gotov(narisanih / velikostSklopa))
             narisi(flags);
     }
 
     // Draws every job left.
     void koncaj(const Flags& flags) {
+        const long delni = oddanih % velikostSklopa;
+        if (delni != 0) {
+            zapri(delni);
+            oddanih += velikostSklopa - delni; // the next walk starts a batch
+        }
         while (narisanih < oddanih)
             narisi(flags);
     }
 
 private:
-    Posel posli[stPoslov];
-    std::vector<arbo::Arbo*> modeli;
-    std::vector<std::unique_ptr<arbo::Arbo>> dvojniki;
-    std::vector<int> dvojnikModela; // the twin of each model index
-    std::vector<bool> zacet;        // twin started from its model in this walk
-    // Jobs handed over and grown so far, counted over all walks; a thread sleeps on cv only after
-    // raising its flag, and the other wakes it only when the flag is up.
-    std::atomic<long> oddanih{0}, koncanih{0};
-    std::atomic<bool> konec{false};
-    std::atomic<bool> delavecCaka{false}, risarCaka{false};
-    std::mutex mutex;
-    std::condition_variable cv;
-    long narisanih = 0; // the drawing thread's only
-    std::thread nit;
-
-    template <class Pogoj> void pocakaj(std::atomic<bool>& caka, Pogoj pogoj) {
-        if (pogoj())
-            return;
-        for (int i = 0; i < 64; ++i) { // a short wait is cheaper than sleeping
-            if (pogoj())
-                return;
-#ifdef __SSE2__
-            _mm_pause();
-#endif
-        }
-        std::unique_lock<std::mutex> l(mutex);
-        caka = true;
-        cv.wait(l, pogoj);
-        caka = false;
+    using Ura = std::chrono::steady_clock;
+    static std::int64_t ns(Ura::duration d) {
+        return std::chrono::duration_cast<std::chrono::nanoseconds>(d).count();
     }
-    void zbudi(std::atomic<bool>& caka) {
-        if (caka) {
+    struct Dvojnik {
+        std::unique_ptr<arbo::Arbo> arbo;
+        long hod; // the walk whose parameters it holds
+    };
+    std::vector<Posel> posli;
+    std::vector<int> stVSklopu;                 // jobs in the batch, set when closed
+    std::vector<std::atomic<long>> koncanSklop; // 1 + number of the batch grown there
+    std::vector<arbo::Arbo*> modeli;
+    // One twin of every model for each grower (0: the drawing thread).
+    std::vector<std::vector<Dvojnik>> dvojniki;
+    long hod = 0;
+    long oddanih = 0, narisanih = 0; // jobs, counted over all walks: the drawing thread's only
+    // Batches closed and taken by a grower, counted over all walks. A thread
+    // sleeps only after counting itself among the sleepers, and a waker looks
+    // at that count after its change is visible: no wake-up is lost.
+    std::atomic<long> zaprtih{0}, prevzetih{0};
+    std::atomic<bool> konec{false};
+    std::atomic<int> rastociSpijo{0};
+    std::atomic<bool> risarSpi{false};
+    std::mutex mutex;
+    std::condition_variable cvRastoci, cvRisar;
+    std::vector<std::thread> niti;
+
+    bool gotov(long sklop) const {
+        return koncanSklop[std::size_t(sklop % stSklopov)] == sklop + 1;
+    }
+
+    void zapri(long stPoslovSklopa) {
+        const long sklop = (oddanih - 1) / velikostSklopa;
+        stVSklopu[std::size_t(sklop % stSklopov)] = int(stPoslovSklopa);
+        zaprtih = sklop + 1;
+        if (rastociSpijo > 0)
+            zbudiRastoce();
+    }
+
+    void zbudiRastoce() {
+        std::lock_guard<std::mutex> l(mutex);
+        cvRastoci.notify_all();
+    }
+
+    // Takes the oldest closed batch no one has taken; -1 when there is none.
+    long prevzemi() {
+        long sklop = prevzetih;
+        while (sklop < zaprtih)
+            if (prevzetih.compare_exchange_weak(sklop, sklop + 1))
+                return sklop;
+        return -1;
+    }
+
+    void zrastiSklop(long sklop, int rastoci) {
+        const long prvi = (sklop % stSklopov) * velikostSklopa;
+        for (long i = prvi; i < prvi + stVSklopu[std::size_t(sklop % stSklopov)]; ++i)
+            zrasti(posli[std::size_t(i)], dvojniki[size_t(rastoci)]);
+        koncanSklop[std::size_t(sklop % stSklopov)] = sklop + 1;
+        if (risarSpi) {
             std::lock_guard<std::mutex> l(mutex);
-            cv.notify_all();
+            cvRisar.notify_one();
         }
+    }
+
+    // One tree on this grower's twin of its model.
+    static void zrasti(Posel& p, std::vector<Dvojnik>& dvojnikiRastocega) {
+        if (!p.drevo)
+            return;
+        Dvojnik& dv = dvojnikiRastocega[size_t(p.izgled)];
+        arbo::Arbo& d = *dv.arbo;
+        if (dv.hod != p.hod) {
+            // The model's working parameters stay as they are for the whole walk.
+            d.pd = p.model->pd;
+            d.pdZeNastavljen = true;
+            dv.hod = p.hod;
+        }
+        d.pogled = p.pogled;
+        // The quadric stays the model's alone (the twin would delete it);
+        // growing on the CPU does not draw with it.
+        d.pogled.kvadraticnePloskve = nullptr;
+        d.delckiDrevesa.maxKotZasukaVetra = p.maxKotZasukaVetra;
+        d.idVejaNext = p.idVejaNext;
+        std::fill(d.barvaStebla, d.barvaStebla + 3, neNastavljeno);
+        d.delckiDrevesa.nastaviBarvo(neNastavljeno, neNastavljeno, neNastavljeno, neNastavljeno);
+        d.zrasti(p.stZil, p.aktivnaVisina, p.koren);
+        std::swap(d.delckiDrevesa.mreza, p.mreza); // the twin keeps the empty one
+        p.stSegmentov = d.delckiDrevesa.stSegmentov;
+        p.stListov = d.delckiDrevesa.stListov;
+        p.idVejaNextPo = d.idVejaNext;
+        std::copy(d.barvaStebla, d.barvaStebla + 3, p.barvaStebla);
+        const float* b = d.delckiDrevesa.trenutnaBarva();
+        std::copy(b, b + 4, p.barva);
+    }
+
+    // Waits until the oldest job's batch is grown, growing open batches meanwhile.
+    void pocakajNaSklop(long sklop) {
+        if (gotov(sklop))
+            return;
+        const auto zacetek = Ura::now();
+        for (int i = 0; !gotov(sklop); ++i) {
+            const long drug = prevzemi();
+            if (drug >= 0) {
+                const auto t = Ura::now();
+                zrastiSklop(drug, 0);
+                nsRast += ns(Ura::now() - t);
+                continue;
+            }
+            if (i < 64) { // a short wait is cheaper than sleeping
+#ifdef __SSE2__
+                _mm_pause();
+#endif
+                continue;
+            }
+            std::unique_lock<std::mutex> l(mutex);
+            risarSpi = true;
+            cvRisar.wait(l, [&] { return gotov(sklop); });
+            risarSpi = false;
+        }
+        nsCakanje += ns(Ura::now() - zacetek);
     }
 
     // Draws the oldest job once grown, as the tree's own frame would have.
     void narisi(const Flags& flags) {
-        if (narisanih >= koncanih)
-            zbudi(delavecCaka);
-        pocakaj(risarCaka, [&] { return narisanih < koncanih; });
-        Posel& p = posli[narisanih % stPoslov];
+        const long k = narisanih++;
+        const long sklop = k / velikostSklopa;
+        pocakajNaSklop(sklop);
+        if (k % velikostSklopa >= stVSklopu[std::size_t(sklop % stSklopov)])
+            return; // past the end of a walk's last batch
+        Posel& p = posli[std::size_t(k % stPoslov)];
         arbo::Arbo& a = *p.model;
         glPushMatrix();
         glTranslatef(p.rastlina->pozicija3D.x, p.rastlina->pozicija3D.y, p.rastlina->pozicija3D.z);
         if (flags.showNeighborHood)
             drawNeighbourhood(*p.rastlina, p.tip, a.pogled.kvadraticnePloskve,
                               flags.lightingEnabled);
+        if (p.drevo)
+            narisiDrevo(a, p);
+        glPopMatrix();
+    }
+
+    void narisiDrevo(arbo::Arbo& a, Posel& p) {
+        const auto zacetek = Ura::now();
         a.nastaviStanjeGl();
         std::swap(a.delckiDrevesa.mreza, p.mreza);
-        a.delckiDrevesa.nastaviBarvo(p.barva[0], p.barva[1], p.barva[2], p.barva[3]);
+        if (!std::isnan(p.barva[0]))
+            a.delckiDrevesa.nastaviBarvo(p.barva[0], p.barva[1], p.barva[2], p.barva[3]);
         a.delckiDrevesa.narisiZbrano();
         std::swap(a.delckiDrevesa.mreza, p.mreza);
         stKosov += p.stSegmentov + p.stListov;
         a.delckiDrevesa.stSegmentov = p.stSegmentov;
         a.delckiDrevesa.stListov = p.stListov;
         a.idVejaNext = p.idVejaNextPo;
-        std::copy(p.barvaStebla, p.barvaStebla + 3, a.barvaStebla);
-        glPopMatrix();
-        ++narisanih;
+        if (!std::isnan(p.barvaStebla[0]))
+            std::copy(p.barvaStebla, p.barvaStebla + 3, a.barvaStebla);
+        nsRisanje += ns(Ura::now() - zacetek);
     }
 
-    // The growing thread: the jobs in order, each on its model's twin.
-    void delaj() {
-        for (long k = 0;; ++k) { // k counts over all walks
-            pocakaj(delavecCaka, [&] { return k < oddanih || konec; });
-            if (k >= oddanih)
+    // A growing thread: the oldest open batch, again and again.
+    void delaj(int rastoci) {
+        for (;;) {
+            const long sklop = prevzemi();
+            if (sklop >= 0) {
+                zrastiSklop(sklop, rastoci);
+                continue;
+            }
+            std::unique_lock<std::mutex> l(mutex);
+            ++rastociSpijo;
+            cvRastoci.wait(l, [&] { return konec || prevzetih < zaprtih; });
+            --rastociSpijo;
+            if (konec)
                 return;
-            Posel& p = posli[k % stPoslov];
-            arbo::Arbo& d = *p.dvojnik;
-            d.pogled = p.pogled;
-            // The quadric stays the model's alone (the twin would delete it);
-            // growing on the CPU does not draw with it.
-            d.pogled.kvadraticnePloskve = nullptr;
-            d.delckiDrevesa.maxKotZasukaVetra = p.maxKotZasukaVetra;
-            d.idVejaNext = p.idVejaNext;
-            d.zrasti(p.stZil, p.aktivnaVisina, p.koren);
-            std::swap(d.delckiDrevesa.mreza, p.mreza); // the twin keeps the empty one
-            p.stSegmentov = d.delckiDrevesa.stSegmentov;
-            p.stListov = d.delckiDrevesa.stListov;
-            p.idVejaNextPo = d.idVejaNext;
-            std::copy(d.barvaStebla, d.barvaStebla + 3, p.barvaStebla);
-            const float* b = d.delckiDrevesa.trenutnaBarva();
-            std::copy(b, b + 4, p.barva);
-            koncanih = k + 1;
-            zbudi(risarCaka);
         }
     }
 };
 
-VisiblePlantsRender::VisiblePlantsRender() : rastoci(std::make_unique<Rastoci>()) {}
+int VisiblePlantsRender::privzetoStNiti() {
+    if (const char* s = std::getenv("VIRELA_THREADS")) {
+        const int n = std::atoi(s);
+        if (n > 0)
+            return std::min(n, 256);
+    }
+    return std::max(1, int(std::thread::hardware_concurrency()));
+}
+
+VisiblePlantsRender::VisiblePlantsRender() : stNiti(privzetoStNiti()) {}
 
 VisiblePlantsRender::~VisiblePlantsRender() = default;
 
+ImpostorAtlas& VisiblePlantsRender::atlas() {
+    if (!atlasImpostorjev)
+        atlasImpostorjev = std::make_unique<ImpostorAtlas>();
+    return *atlasImpostorjev;
+}
+
 // What the plain walk does for a drawn tree up to its growing: the model's view
 // settings, then the start of the frame with all its side effects, and the
-// model-view matrix the tree would start from; the growing thread does the rest.
+// model-view matrix the tree would start from; the growing threads do the rest.
 void VisiblePlantsRender::pripraviRast(int izgled, arbo::Arbo& drevo,
                                        const simulationEntities::CRastlina& rastlina, int tip,
                                        const arbo::Arbo& izbranoArbo,
                                        const CLevelOfDetail& levelOfDetail, const Flags& flags) {
     const int lod = setUpModelForPlant(drevo, rastlina, izbranoArbo, levelOfDetail, flags);
     ++treesPerLod[lod];
+    if (lod >= ImpostorAtlas::prvaRaven)
+        farPlants.push_back(rastlina.pozicija3D);
     Rastoci::Posel& p = rastoci->prost(izgled, flags);
     p.rastlina = &rastlina;
     p.tip = tip;
@@ -318,6 +451,21 @@ void VisiblePlantsRender::pripraviRast(int izgled, arbo::Arbo& drevo,
     rastoci->oddaj(flags);
 }
 
+// Handing trees over costs more than it saves when there is little to grow:
+// the last walk's count of stems and leaves decides. Swaying trees draw from
+// the one C random sequence, and an export or OpenGL's own matrix stack needs
+// the plain path.
+bool VisiblePlantsRender::izberiVzporedno(const std::vector<arbo::Arbo*>& izgledi,
+                                          const arbo::Arbo& izbranoArbo, const Flags& flags) const {
+    if (stNiti < 2 || flags.doNotDrawTrees || izbranoArbo.pogled.animateWindSway ||
+        kosovPrejsnjegaSprehoda < najmanjKosovZaVzporedno)
+        return false;
+    for (const arbo::Arbo* a : izgledi)
+        if (a && (a->serializatorDelckovDrevesa.exportingToPoints || a->delckiDrevesa.sklad.naGl))
+            return false;
+    return true;
+}
+
 int VisiblePlantsRender::render(std::vector<simulationEntities::CVrstaRastlin>& vrste,
                                 const std::vector<arbo::Arbo*>& izglediDrevesnihVrst,
                                 const arbo::Arbo& izbranoArbo, const Camera& camera,
@@ -326,6 +474,7 @@ int VisiblePlantsRender::render(std::vector<simulationEntities::CVrstaRastlin>& 
     walkTimer.start();
     qint64 treesNs = 0;
     std::fill(std::begin(treesPerLod), std::end(treesPerLod), 0);
+    farPlants.clear();
 
     const CObjectCulling culling = frustumOfCurrentView();
     CLevelOfDetail levelOfDetail;
@@ -335,23 +484,27 @@ int VisiblePlantsRender::render(std::vector<simulationEntities::CVrstaRastlin>& 
     int stRenderiranihDreves = 0;
     stevilaUpodobljenihRastlin.clear();
     const int stIzgledov = int(izglediDrevesnihVrst.size());
-    // Handing trees over costs more than it saves when there is little to grow:
-    // the last walk's count of stems and leaves decides.
-    bool vzporedniRast = vzporedno && !flags.doNotDrawTrees &&
-                         !izbranoArbo.pogled.animateWindSway &&
-                         kosovPrejsnjegaSprehoda >= najmanjKosovZaVzporedno;
+    const bool vzporedniRast = izberiVzporedno(izglediDrevesnihVrst, izbranoArbo, flags);
     kosovPrejsnjegaSprehoda = 0;
-    for (const arbo::Arbo* a : izglediDrevesnihVrst)
-        if (a && (a->serializatorDelckovDrevesa.exportingToPoints || a->delckiDrevesa.sklad.naGl))
-            vzporedniRast = false;
     lastWalkParallel = vzporedniRast;
-    if (vzporedniRast)
+    if (vzporedniRast) {
+        if (!rastoci || rastoci->stPomocnikov != stNiti - 1)
+            rastoci = std::make_unique<Rastoci>(stNiti - 1);
         rastoci->zacni(izglediDrevesnihVrst);
+    }
+    // Impostors stand in for far trees, except in wire frame.
+    const bool impostorji = flags.fastDistantTrees && !flags.wireframe && !flags.doNotDrawTrees;
+    if (impostorji) {
+        atlas().zacniSprehod(izglediDrevesnihVrst, flags.lightingEnabled, pozicijaKamere);
+        // The frame so far is drawn while the walk runs: the impostors wait
+        // for it at the end.
+        glFlush();
+    }
     for (simulationEntities::CVrstaRastlin& vrsta : vrste) {
         int stRenderiranihDrevesVrste = 0;
         // A type without a model of its own takes the last one.
         const int izgled = (vrsta.tip >= 0 && vrsta.tip < stIzgledov) ? vrsta.tip : stIzgledov - 1;
-        arbo::Arbo* drevo = izgled >= 0 ? izglediDrevesnihVrst[izgled] : nullptr;
+        arbo::Arbo* drevo = izgled >= 0 ? izglediDrevesnihVrst[size_t(izgled)] : nullptr;
         for (const simulationEntities::CRastlina& rastlina : vrsta.ziviPrimerkiTeVrste) {
             const arbo::Tocka center = rastlina.pozicija3D + arbo::Tocka(0, visinaSredisca, 0);
             if (culling.containsSphere(center, radijObjekta) == 0)
@@ -360,7 +513,39 @@ int VisiblePlantsRender::render(std::vector<simulationEntities::CVrstaRastlin>& 
             ++stRenderiranihDrevesVrste;
             if (drevo == nullptr)
                 continue; // no model to draw with; the plant still counts
-            if (vzporedniRast) {
+            if (impostorji &&
+                levelOfDetail.getLODcase(rastlina.pozicija3D) >= ImpostorAtlas::prvaRaven) {
+                QElapsedTimer treeTimer;
+                treeTimer.start();
+                if (flags.showNeighborHood && vzporedniRast) {
+                    // The disk waits its turn among the trees handed over.
+                    Rastoci::Posel& p = rastoci->prost(izgled, flags);
+                    p.drevo = false;
+                    p.rastlina = &rastlina;
+                    p.tip = vrsta.tip;
+                    rastoci->oddaj(flags);
+                } else if (flags.showNeighborHood) {
+                    drawNeighbourhoodAtPlant(rastlina, vrsta.tip, drevo->pogled.kvadraticnePloskve,
+                                             flags.lightingEnabled);
+                }
+                // The model goes through the tree's frame start as if drawn, so
+                // the trees after it are drawn as in the exact walk.
+                const int lod =
+                    setUpModelForPlant(*drevo, rastlina, izbranoArbo, levelOfDetail, flags);
+                ++treesPerLod[lod];
+                drevo->pogled.lowQuality = lod;
+                int stZil;
+                double aktivnaVisina;
+                drevo->zacniOkvir(stZil, aktivnaVisina, false);
+                if (stZil >= 1) {
+                    atlasImpostorjev->dodaj(izgled, lod, std::min(rastlina.trenutnaVelikost, 1.0f),
+                                            rastlina.pozicija3D);
+                    farPlants.push_back(rastlina.pozicija3D);
+                }
+                treesNs += treeTimer.nsecsElapsed();
+                continue;
+            }
+            if (vzporedniRast && !flags.doNotDrawTrees) {
                 QElapsedTimer treeTimer;
                 treeTimer.start();
                 pripraviRast(izgled, *drevo, rastlina, vrsta.tip, izbranoArbo, levelOfDetail,
@@ -378,6 +563,8 @@ int VisiblePlantsRender::render(std::vector<simulationEntities::CVrstaRastlin>& 
                 const int lod =
                     setUpModelForPlant(*drevo, rastlina, izbranoArbo, levelOfDetail, flags);
                 ++treesPerLod[lod];
+                if (lod >= ImpostorAtlas::prvaRaven)
+                    farPlants.push_back(rastlina.pozicija3D);
                 QElapsedTimer treeTimer;
                 treeTimer.start();
                 drevo->drawSingleTreeAwayLOD(lod);
@@ -395,6 +582,18 @@ int VisiblePlantsRender::render(std::vector<simulationEntities::CVrstaRastlin>& 
         rastoci->koncaj(flags);
         treesNs += treeTimer.nsecsElapsed();
         kosovPrejsnjegaSprehoda += rastoci->stKosov;
+    }
+    submitMs = vzporedniRast ? rastoci->nsRisanje / 1e6 : 0.0;
+    drawingThreadGrowMs = vzporedniRast ? rastoci->nsRast / 1e6 : 0.0;
+    waitMs = vzporedniRast ? rastoci->nsCakanje / 1e6 : 0.0;
+    impostorsMs = 0;
+    atlasPending = false;
+    if (impostorji) {
+        QElapsedTimer impostorTimer;
+        impostorTimer.start();
+        atlasImpostorjev->koncajSprehod(casAtlasaNaOkvirMs, stNiti);
+        atlasPending = atlasImpostorjev->manjka();
+        impostorsMs = impostorTimer.nsecsElapsed() / 1e6;
     }
 
     for (arbo::Arbo* a : izglediDrevesnihVrst)

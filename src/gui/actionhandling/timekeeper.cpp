@@ -82,11 +82,24 @@ void TimeKeeper::cameraTimerUpdate() {
 // While exporting, every step is drawn before its image is taken, also when
 // the scene draws only every n-th step: each image shows its own step.
 void TimeKeeper::simmulationTimerUpdate() {
+    if (frameJustShown)
+        return;
     emit updateSimulationAndGL();
     if (animationExportingMode) {
         emit updateOnlyGL();
         emit grabFrameBuffer(animationFrameNumber++);
     }
+}
+
+// The zero timer fires as soon as a frame is drawn, before the events that
+// came in meanwhile: a key press or a dialog would wait for the frame and a
+// step. After a frame, steps wait until those events are handled.
+void TimeKeeper::frameShown() {
+    if (frameJustShown || !simmulationTimer)
+        return;
+    frameJustShown = true;
+    QMetaObject::invokeMethod(
+        this, [this] { frameJustShown = false; }, Qt::QueuedConnection);
 }
 
 } // namespace gui::actionhandling

@@ -11,7 +11,8 @@ class EcosystemRender;
 namespace gui::actionhandling {
 
 // Owns the program's three timers: tree animation (20 ms), camera glide (10 ms)
-// and simulation (0 ms: a step whenever the event loop is idle). A timer
+// and simulation (0 ms: a step whenever the event loop is idle, after a frame
+// once the events that came in while it was drawn are handled). A timer
 // exists exactly while its activity runs. While sequence export is on, ticks
 // also ask for numbered frames.
 class TimeKeeper : public QObject {
@@ -44,6 +45,8 @@ public slots:
     void stopTreeAnimation();
     void startCameraAnimation();
     void stopCameraAnimation();
+    // A view has shown a frame.
+    void frameShown();
 
 private slots:
     void treeTimerUpdate();
@@ -51,6 +54,8 @@ private slots:
     void simmulationTimerUpdate();
 
 private:
+    bool frameJustShown = false; // steps wait for the events queued behind it
+
     QTimer* startTimer(int intervalMs, void (TimeKeeper::*tick)());
     static void stopTimer(QTimer*& timer);
 };

@@ -111,4 +111,10 @@ void ViewHandler::actionDisplay_sun() {
     emit forceRepaint();
 }
 
+// Far plants as impostors, or exactly as their trees draw.
+void ViewHandler::actionFast_distant_trees() {
+    model->toggleFastDistantTrees();
+    emit forceRepaint();
+}
+
 } // namespace gui::actionhandling

@@ -39,6 +39,7 @@ public slots:
     void actionDisplay_terrain_windiness();
     void actionDisplay_terrain_land_markings_S_N_E_W();
     void actionDisplay_sun();
+    void actionFast_distant_trees();
 };
 
 } // namespace gui::actionhandling

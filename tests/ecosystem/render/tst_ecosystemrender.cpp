@@ -34,6 +34,9 @@ private slots:
         // The working directory has no tree collection: six default trees.
         scene = std::make_unique<EcosystemRender>(&gl.context, nullptr);
         QCOMPARE(catcher.messages.size(), size_t(1)); // naming the five files
+        // No frame of the other tests, however slow the machine, gives the
+        // slow-frame hint before its own test asks for it.
+        scene->slowFrameMs = 1e9;
     }
 
     // A bad species file is named, with its reason, in one message; its
@@ -364,6 +367,27 @@ private slots:
             (scene.get()->*toggle)();
         std::tie(t.terrainInclination, t.terrainMoisture, t.terrainSunniness, t.terrainWindiness) =
             kept;
+    }
+
+    // Slow exact frames name the fast switch once; switching it on takes the
+    // hint back, and fast frames never bring it.
+    void slowFramesHintAtTheFastSwitchOnce() {
+        QSignalSpy hint(scene.get(), &EcosystemRender::statusHint);
+        scene->slowFrameMs = -1.0; // every frame is slow
+        scene->render();
+        scene->render();
+        QCOMPARE(hint.count(), 1);
+        const QString text = hint.at(0).at(0).toString();
+        QVERIFY2(text.contains("\"Fast distant trees\"") && text.contains("Ctrl+Shift+F"),
+                 qPrintable(text));
+        scene->toggleFastDistantTrees();
+        QCOMPARE(hint.count(), 2);
+        QVERIFY(hint.at(1).at(0).toString().isEmpty());
+        scene->render();
+        scene->toggleFastDistantTrees();
+        scene->render();
+        QCOMPARE(hint.count(), 2);
+        scene->slowFrameMs = 500.0;
     }
 
     void seedsPassThrough() {

@@ -1,7 +1,8 @@
 // The plant walk grows trees either one after another on the drawing thread
-// (each through drawSingleTreeAwayLOD) or on a second thread while the drawing
-// thread draws those before them. Both must give the same frames, pixel for
-// pixel, and leave the tree models in the same state.
+// (each through drawSingleTreeAwayLOD) or, in batches, on several threads while
+// the drawing thread draws those before them in order. Both must give the same
+// frames, pixel for pixel, and leave the tree models in the same state,
+// whatever the number of threads.
 
 #include "ecosystem/render/visibleplantsrender.h"
 
@@ -23,6 +24,7 @@
 
 #include <cmath>
 #include <memory>
+#include <thread>
 
 using ecosystem::data::CTerrainData;
 using ecosystem::render::VisiblePlantsRender;
@@ -123,13 +125,13 @@ class TestPlantDrawingPaths : public QObject {
     }
 
     // Three frames of the walk.
-    std::vector<QImage> frames(Modeli& modeli, bool vzporedno, std::vector<bool>& parallel) {
+    std::vector<QImage> frames(Modeli& modeli, int niti, std::vector<bool>& parallel) {
         ecosystem::render::Camera camera(nullptr, data.get());
         camera.x = 0.0f;
         camera.y = eyeY;
         camera.z = 0.0f;
         VisiblePlantsRender render;
-        render.vzporedno = vzporedno;
+        render.stNiti = niti;
         render.najmanjKosovZaVzporedno = 0;
         std::vector<QImage> slike;
         // Plain, wire frame, and with the neighbourhood disks between the trees.
@@ -182,13 +184,21 @@ private slots:
         arbo::GlTexture::release(listi);
     }
 
+    void sameFramesAndStateOnBothPaths_data() {
+        QTest::addColumn<int>("niti");
+        QTest::newRow("2 threads") << 2;
+        QTest::newRow("3 threads") << 3;
+        QTest::newRow("7 threads") << 7;
+    }
+
     void sameFramesAndStateOnBothPaths() {
         if (!haveGl)
             QSKIP("no OpenGL context");
+        QFETCH(int, niti);
         Modeli zaporedni(lubje, listi), vzporedni(lubje, listi);
         std::vector<bool> naDrugiNiti, naIstiNiti;
-        const std::vector<QImage> a = frames(zaporedni, false, naIstiNiti);
-        const std::vector<QImage> b = frames(vzporedni, true, naDrugiNiti);
+        const std::vector<QImage> a = frames(zaporedni, 1, naIstiNiti);
+        const std::vector<QImage> b = frames(vzporedni, niti, naDrugiNiti);
         QCOMPARE(naIstiNiti, (std::vector<bool>{false, false, false}));
         QCOMPARE(naDrugiNiti, (std::vector<bool>{true, true, true}));
         for (int lod = 0; lod < 10; ++lod)
@@ -220,13 +230,35 @@ private slots:
         QCOMPARE(glGetError(), GLenum(GL_NO_ERROR));
     }
 
+    void threadCountFromTheEnvironment_data() {
+        QTest::addColumn<QByteArray>("value");
+        QTest::addColumn<int>("threads"); // 0: the machine's
+        QTest::newRow("one") << QByteArray("1") << 1;
+        QTest::newRow("four") << QByteArray("4") << 4;
+        QTest::newRow("zero") << QByteArray("0") << 0;
+        QTest::newRow("not a number") << QByteArray("many") << 0;
+        QTest::newRow("unset") << QByteArray() << 0;
+    }
+
+    void threadCountFromTheEnvironment() {
+        QFETCH(QByteArray, value);
+        QFETCH(int, threads);
+        if (value.isNull())
+            qunsetenv("VIRELA_THREADS");
+        else
+            qputenv("VIRELA_THREADS", value);
+        const int machine = std::max(1, int(std::thread::hardware_concurrency()));
+        QCOMPARE(VisiblePlantsRender().stNiti, threads ? threads : machine);
+        qunsetenv("VIRELA_THREADS");
+    }
+
     void swayingTreesStayOnTheDrawingThread() {
         if (!haveGl)
             QSKIP("no OpenGL context");
         Modeli modeli(lubje, listi);
         izbrano.pogled.animateWindSway = true;
         std::vector<bool> parallel;
-        frames(modeli, true, parallel);
+        frames(modeli, 3, parallel);
         izbrano.pogled.animateWindSway = false;
         QCOMPARE(parallel, (std::vector<bool>{false, false, false}));
     }

@@ -33,6 +33,7 @@ QMap<QString, bool> flags(const EcosystemRender& s) {
             {"displayTerrainWindiness", s.displayTerrainWindiness},
             {"displayLandMarkings", s.displayLandMarkings},
             {"displaySun", s.displaySun},
+            {"fastDistantTrees", s.fastDistantTrees},
             {"tree.listi", tree.pdPrepared.listi},
             {"tree.colorMonopodial", tree.pogled.colorMonopodial},
             {"tree.wireframe", tree.pogled.wireframe},
@@ -122,6 +123,7 @@ private slots:
         row("sunniness", &U::actionDisplay_terrain_sunniness, false, {"displayTerrainSunniness"});
         row("windiness", &U::actionDisplay_terrain_windiness, false, {"displayTerrainWindiness"});
         row("sun", &U::actionDisplay_sun, false, {"displaySun"});
+        row("fast distant trees", &U::actionFast_distant_trees, false, {"fastDistantTrees"});
     }
 
     void eachSwitchFlipsItsFlag() {
