@@ -306,15 +306,18 @@ private slots:
         t.terrainMoisture.assign(t.terrainMoisture.size(), 0.4f);
         t.terrainSunniness.assign(t.terrainSunniness.size(), 0.6f);
         t.terrainWindiness.assign(t.terrainWindiness.size(), 0.8f);
-        for (auto toggle :
-             {&EcosystemRender::toggleDisplayTerrainNormals,
-              &EcosystemRender::toggleDisplayTerrainInclination,
-              &EcosystemRender::toggleDisplayTerrainMoisture,
-              &EcosystemRender::toggleDisplayTerrainSunniness,
-              &EcosystemRender::toggleDisplayTerrainWindiness,
-              &EcosystemRender::toggleDisplayLandMarkings, &EcosystemRender::toggleDisplaySun,
-              &EcosystemRender::toggleDoNotDrawTrees})
-            (scene.get()->*toggle)();
+        auto toggleOverlays = [this] {
+            for (auto toggle :
+                 {&EcosystemRender::toggleDisplayTerrainNormals,
+                  &EcosystemRender::toggleDisplayTerrainInclination,
+                  &EcosystemRender::toggleDisplayTerrainMoisture,
+                  &EcosystemRender::toggleDisplayTerrainSunniness,
+                  &EcosystemRender::toggleDisplayTerrainWindiness,
+                  &EcosystemRender::toggleDisplayLandMarkings, &EcosystemRender::toggleDisplaySun,
+                  &EcosystemRender::toggleDoNotDrawTrees})
+                (scene.get()->*toggle)();
+        };
+        toggleOverlays();
         std::vector<GLfloat> buffer(8 << 20);
         glFeedbackBuffer(GLsizei(buffer.size()), GL_3D_COLOR, buffer.data());
         glRenderMode(GL_FEEDBACK);
@@ -356,15 +359,7 @@ private slots:
         }
         QCOMPARE(order, QStringList({"other", "normals", "inclination", "moisture", "sunniness",
                                      "windiness", "sun"}));
-        for (auto toggle :
-             {&EcosystemRender::toggleDisplayTerrainNormals,
-              &EcosystemRender::toggleDisplayTerrainInclination,
-              &EcosystemRender::toggleDisplayTerrainMoisture,
-              &EcosystemRender::toggleDisplayTerrainSunniness,
-              &EcosystemRender::toggleDisplayTerrainWindiness,
-              &EcosystemRender::toggleDisplayLandMarkings, &EcosystemRender::toggleDisplaySun,
-              &EcosystemRender::toggleDoNotDrawTrees})
-            (scene.get()->*toggle)();
+        toggleOverlays();
         std::tie(t.terrainInclination, t.terrainMoisture, t.terrainSunniness, t.terrainWindiness) =
             kept;
     }
