@@ -349,7 +349,7 @@ void CEcosystemSimulation::saveStatistics(int casOstalo, int casDodajal, int cas
     stevilaRastlin.reserve(rastlinskeVrste.size());
     for (const CVrstaRastlin& vrsta : rastlinskeVrste)
         stevilaRastlin.push_back(static_cast<int>(vrsta.ziviPrimerkiTeVrste.size()));
-    entitiesStatistics.addLiveSpecies(stevilaRastlin);
+    entitiesStatistics.addLiveSpecies(stevilaRastlin, simulationStepNr);
     entitiesStatistics.saveSimulationRutinesTimings(simulationStepNr, casOstalo, casDodajal,
                                                     casZrastel, casPobijal,
                                                     casPobijanjaDominiranihRastlin);

@@ -206,13 +206,15 @@ bool EcosystemStatistics::saveCsv(const QString& fileName) const {
     const std::vector<arbo::Krivulja*>& living = *entitiesStatistics->getGrafiStevilaRastlin();
     const std::vector<arbo::Krivulja*>& drawn =
         *entitiesStatistics->getGrafiStevilaUpodobljenihRastlin();
+    const std::vector<int>& stepNumbers = entitiesStatistics->korakiZivih;
     const std::vector<int>& stepOfFrame = entitiesStatistics->korakiUpodobitev;
     const size_t species = std::max(living.size(), drawn.size());
     size_t steps = 0;
     for (const arbo::Krivulja* k : living)
         steps = std::max(steps, k->tocke.size());
-    // The last frame drawn after each step's count (frames number the steps
-    // counted before them: 1 after the first step).
+    // Row s shows the last frame drawn after its step and before the next
+    // (frames are booked with the number of steps counted before them: 1
+    // after the first); a step with no such frame leaves its drawn cells empty.
     std::vector<long> lastFrame(steps, -1);
     for (size_t f = 0; f < stepOfFrame.size(); ++f)
         if (stepOfFrame[f] >= 1 && size_t(stepOfFrame[f]) <= steps)
@@ -232,7 +234,7 @@ bool EcosystemStatistics::saveCsv(const QString& fileName) const {
                    : QString();
     };
     for (size_t s = 0; s < steps; ++s) {
-        QStringList row{QString::number(s)};
+        QStringList row{s < stepNumbers.size() ? QString::number(stepNumbers[s]) : QString()};
         for (size_t i = 0; i < species; ++i)
             row << count(i < living.size() ? living[i] : nullptr, long(s))
                 << count(i < drawn.size() ? drawn[i] : nullptr, lastFrame[s]);

@@ -31,9 +31,9 @@ public:
     int izbranaVrstaIndex = 0;
     ecosystem::statistics::CEntitiesStatistics* entitiesStatistics;
 
-    // One header row, then one row per step: the step, and each species'
-    // living plants and the plants drawn in the last frame that showed the
-    // step (empty when no frame did). False when the file could not be written;
+    // One header row, then one row per step: the simulation's step number, and
+    // each species' living plants and the plants drawn in the last frame that
+    // showed the step (empty when no frame did). False when the file could not be written;
     // an existing file is then left as it was.
     bool saveCsv(const QString& fileName) const;
     static QColor speciesColour(int index);

@@ -173,6 +173,7 @@ private slots:
         QVERIFY(QString::fromStdString(log).startsWith("@1: time(render_all)="));
         QVERIFY(QString::fromStdString(log).endsWith(QString("||  nrPlants=%1").arg(zivih(s))));
         QCOMPARE(s.getEntitiesStatistics()->getGrafiStevilaRastlin()->size(), size_t(5));
+        QCOMPARE(s.getEntitiesStatistics()->korakiZivih, std::vector<int>{1});
     }
 
     void growthPhase() {
@@ -395,6 +396,7 @@ private slots:
         }
         QCOMPARE(int(a.entitiesStatistics.grafiStevilaRastlin[0]->tocke.size()), prej + 1);
         QCOMPARE(a.entitiesStatistics.grafiStevilaRastlin[0]->tocke.back().x, double(prej));
+        QCOMPARE(a.entitiesStatistics.korakiZivih.back(), 40); // the loaded step, not the count
         a.saveSimulation("a2.sim");
         QCOMPARE(preberi("a2.sim"), shranjeno);
         std::vector<float> semenaA;

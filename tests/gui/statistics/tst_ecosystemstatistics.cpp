@@ -20,13 +20,17 @@ using gui::EcosystemStatistics;
 
 namespace {
 
-// Two species over three steps; frames drawn after the first and the last step.
+// Two species over three steps, the last one after loading step 30; frames
+// drawn before the vegetation exists (no species), after the first and the
+// last step.
 void fill(CEntitiesStatistics& s) {
+    s.addRenderedSpecies({});
+    s.addRenderedSpecies({});
     s.addLiveSpecies({1, 5});
     s.addRenderedSpecies({2, 0});
     s.addRenderedSpecies({1, 3});
     s.addLiveSpecies({10, 50});
-    s.addLiveSpecies({100, 0});
+    s.addLiveSpecies({100, 0}, 30);
     s.addRenderedSpecies({7, 0});
 }
 
@@ -114,8 +118,8 @@ private slots:
         QVERIFY2(bluest > 150, qPrintable(QString::number(bluest)));
     }
 
-    // One row per step; "drawn" is the last frame after that step, empty when
-    // none was drawn; a file that cannot be written is reported.
+    // One row per step, by its number; "drawn" is the last frame after that
+    // step, empty when none was drawn; a file that cannot be written is reported.
     void csvOfEverySeries() {
         CEntitiesStatistics s;
         fill(s);
@@ -127,9 +131,9 @@ private slots:
         QVERIFY(file.open(QIODevice::ReadOnly));
         QCOMPARE(QString::fromUtf8(file.readAll()),
                  QString("step,Bush living,Bush drawn,Weeping willow living,Weeping willow drawn\n"
-                         "0,1,1,5,3\n"
-                         "1,10,,50,\n"
-                         "2,100,7,0,0\n"));
+                         "1,1,1,5,3\n"
+                         "2,10,,50,\n"
+                         "30,100,7,0,0\n"));
         QVERIFY(!w.saveCsv(dir.filePath("no/such/folder/stats.csv")));
     }
 
@@ -154,6 +158,7 @@ private slots:
         QCOMPARE(windows[0]->ui.graf1->points().size(), 2);
         QCOMPARE(windows[1]->ui.graf1->points().size(), 2);
         QCOMPARE(catcher.messages.size(), size_t(1));
+
     }
 };
 

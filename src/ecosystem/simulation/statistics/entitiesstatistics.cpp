@@ -44,7 +44,14 @@ void CEntitiesStatistics::dodajTocke(std::vector<arbo::Krivulja*>& grafi,
 }
 
 void CEntitiesStatistics::addLiveSpecies(const std::vector<int>& stevilaRastlin) {
+    addLiveSpecies(stevilaRastlin, korakiZivih.empty() ? 1 : korakiZivih.back() + 1);
+}
+
+void CEntitiesStatistics::addLiveSpecies(const std::vector<int>& stevilaRastlin, int stepNr) {
     dodajTocke(grafiStevilaRastlin, stevilaRastlin);
+    // Only a call that adds points books a step, so the steps keep in line with them.
+    if (!stevilaRastlin.empty())
+        korakiZivih.push_back(stepNr);
     int vseSkupaj = 0;
     for (int stevilo : stevilaRastlin)
         vseSkupaj += stevilo;
@@ -53,8 +60,10 @@ void CEntitiesStatistics::addLiveSpecies(const std::vector<int>& stevilaRastlin)
 
 void CEntitiesStatistics::addRenderedSpecies(const std::vector<int>& stevilaRastlin) {
     dodajTocke(grafiStevilaUpodobljenihRastlin, stevilaRastlin);
-    korakiUpodobitev.push_back(
-        grafiStevilaRastlin.empty() ? 0 : int(grafiStevilaRastlin[0]->tocke.size()));
+    // A frame without species (drawn before the vegetation exists) adds no
+    // point and so books nothing: frame f is point f of every drawn curve.
+    if (!stevilaRastlin.empty())
+        korakiUpodobitev.push_back(int(korakiZivih.size()));
 }
 
 void CEntitiesStatistics::saveSimulationRutinesTimings(int stepNr, int casOstalo, int casDodajal,

@@ -20,8 +20,12 @@ public:
     int umrliSkupaj;
     std::vector<arbo::Krivulja*> grafiStevilaRastlin;             // owned, one per species
     std::vector<arbo::Krivulja*> grafiStevilaUpodobljenihRastlin; // owned, one per species
+    // The simulation step of each point of the living-plant curves (the curves
+    // number their points 0, 1, 2, ...; the steps start at 1 and a loaded
+    // simulation goes on from its own step).
+    std::vector<int> korakiZivih;
     // For each point of the drawn-plant curves, how many living-plant points
-    // (steps) there were when it was drawn: ties every frame to the step it showed.
+    // there were when it was drawn: ties every frame to the step it showed.
     std::vector<int> korakiUpodobitev;
     int sumRenderTime;
     int sumSimmTime;
@@ -40,7 +44,9 @@ public:
     void setStTrenutnoZivih(int stTrenutnoZivih);
     void dodajSmrtZaradiDominiranosti();
     void dodajSmrtOstalo();
+    // Books the counts as the step after the latest one booked (step 1 first).
     void addLiveSpecies(const std::vector<int>& stevilaRastlin);
+    void addLiveSpecies(const std::vector<int>& stevilaRastlin, int stepNr);
     void addRenderedSpecies(const std::vector<int>& stevilaRastlin);
     void saveSimulationRutinesTimings(int stepNr, int casOstalo, int casDodajal, int casZrastel,
                                       int casPobijal, int casPobijanjaDominiranihRastlin);

@@ -44,6 +44,7 @@ private slots:
     void renderedCurvesLeaveTheLivingCountAlone() {
         CEntitiesStatistics s;
         s.setStTrenutnoZivih(50);
+        s.addRenderedSpecies({}); // a frame before the vegetation exists adds nothing
         s.addRenderedSpecies({10, 20});
         s.addRenderedSpecies({11, 21});
         s.addRenderedSpecies({12, 22});
@@ -54,10 +55,15 @@ private slots:
         QCOMPARE(druga.tocke[2].x, 2.0);
         QCOMPARE(druga.tocke[2].y, 22.0);
         QVERIFY(s.getGrafiStevilaRastlin()->empty());
-        // Each drawn point remembers how many steps had been counted.
+        // Each drawn point remembers how many steps had been counted; each
+        // living point its step, going on from a loaded one.
         s.addLiveSpecies({1, 2});
         s.addRenderedSpecies({1, 2});
+        s.addLiveSpecies({1, 2}, 30);
+        s.addLiveSpecies({1, 2});
+        s.addLiveSpecies({});
         QCOMPARE(s.korakiUpodobitev, std::vector<int>({0, 0, 0, 1}));
+        QCOMPARE(s.korakiZivih, std::vector<int>({1, 30, 31}));
     }
 };
 
