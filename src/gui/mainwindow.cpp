@@ -2,6 +2,7 @@
 
 #include "arbo/arbo.h"
 #include "arbo/usermessage.h"
+#include "ecosystem/render/camera.h"
 #include "ecosystem/render/ecosystemrender.h"
 #include "gui/about.h"
 #include "gui/actionhandling/designhandler.h"
@@ -204,28 +205,40 @@ void MainWindow::bindViewHandler() {
 }
 
 // The check marks follow the scene after every change the window hears of: a
-// tree or scene change, a view switch, and every frame drawn (which also
-// catches what the dialogs change). A check action flips its own mark when
-// triggered; these calls settle the marks whose meaning depends on the mode or
-// on the selected tree.
+// tree or scene change, a view switch, a camera change, and every frame drawn
+// (which also catches what the dialogs change). A check action flips its own
+// mark when triggered; these calls settle the marks whose meaning depends on
+// the mode or on the selected tree, or whose state another action changes
+// (a camera reset puts back both surface modes).
 void MainWindow::bindCheckMarks() {
     connect(currentModel, &EcosystemRender::modelDataChanged, this,
             &MainWindow::showStateInCheckMarks);
     connect(viewHandler, &actionhandling::ViewHandler::forceRepaint, this,
             &MainWindow::showStateInCheckMarks);
+    connect(navigationHandler, &actionhandling::NavigationHandler::forceRefresh, this,
+            &MainWindow::showStateInCheckMarks);
+    // Bound last, so that it runs after the action's own slot.
+    const auto actions = findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QAction* action : actions)
+        if (action->isCheckable())
+            connect(action, &QAction::triggered, this, &MainWindow::showStateInCheckMarks);
     showStateInCheckMarks();
 }
 
 // The tree-edit background and wire frame belong to the selected tree in
-// tree-edit mode, the sky box and terrain wire frame to the ecosystem.
+// tree-edit mode, the sky box and terrain wire frame to the ecosystem. Every
+// check action of the window has its row, so that no mark can tell otherwise
+// than the state it stands for.
 void MainWindow::showStateInCheckMarks() {
     if (!currentModel)
         return;
     const EcosystemRender& s = *currentModel;
     const arbo::Arbo& tree = *s.getIzbranoArbo();
     const arbo::Pogled& p = tree.pogled;
+    const ecosystem::render::Camera& camera = *s.getCurrentCamera();
     const bool edit = s.isSingleRender();
     const std::pair<QAction*, bool> marks[] = {
+        {ui.actionAnimation_rendering_mode_Sequence_export, timeKeeper->animationExportingMode},
         {ui.actionShow_ecosystem, !edit},
         {ui.actionShow_frame_rate, s.showFPS},
         {ui.actionLighting_enabled, s.lightingEnabled},
@@ -247,7 +260,11 @@ void MainWindow::showStateInCheckMarks() {
         {ui.actionFast_distant_trees, s.fastDistantTrees},
         {ui.actionGrow_tree, p.animateGrow},
         {ui.actionSpin_tree, p.animateOrbitAround},
-        {ui.actionSway_tree_in_wind, p.animateWindSway}};
+        {ui.actionSway_tree_in_wind, p.animateWindSway},
+        {ui.actionKeep_camera_position_above_terrain_surface_ecosystem_mode, camera.aboveSurface},
+        {ui.actionForce_camera_position_at_terrain_surface_ecosystem_mode, camera.atSurface},
+        {ui.actionRun_simulation, timeKeeper->simmulationTimer != nullptr},
+        {ui.actionAutosave_simulation, s.autoSaveSimulationStepNr > 0}};
     for (const auto& [action, on] : marks)
         action->setChecked(on);
 }

@@ -53,8 +53,8 @@ public slots:
     void on_actionAbout_triggered();
     void on_actionUsage_triggered();
     void cycleView();
-    // Sets every check mark of the View and Tree-animation menus to the state
-    // it stands for, of the scene or of the selected tree.
+    // Sets every check mark to the state it stands for: of the scene, the
+    // selected tree, the camera or the timers.
     void showStateInCheckMarks();
 
 private:

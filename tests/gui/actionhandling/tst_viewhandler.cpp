@@ -198,6 +198,28 @@ private slots:
         w->oglWidget->updateGL();
         QTRY_VERIFY(w->ui.actionSway_tree_in_wind->isChecked());
         scene->getIzbranoArbo()->pogled.animateWindSway = false;
+
+        // A camera reset puts back both surface modes, and their marks with them.
+        w->ui.actionKeep_camera_position_above_terrain_surface_ecosystem_mode->trigger();
+        w->ui.actionForce_camera_position_at_terrain_surface_ecosystem_mode->trigger();
+        w->ui.actionReset_camera_view->trigger();
+        QVERIFY(w->ui.actionKeep_camera_position_above_terrain_surface_ecosystem_mode->isChecked());
+        QVERIFY(!w->ui.actionForce_camera_position_at_terrain_surface_ecosystem_mode->isChecked());
+        // The autosave mark tells whether autosaving is on, also after a second use.
+        w->ui.actionAutosave_simulation->trigger();
+        w->ui.actionAutosave_simulation->trigger();
+        QCOMPARE(w->ui.actionAutosave_simulation->isChecked(), scene->autoSaveSimulationStepNr > 0);
+        scene->setAutosave(-1);
+        // Every check mark of the window's actions is set from the state it stands for.
+        w->showStateInCheckMarks();
+        for (QAction* a : w->findChildren<QAction*>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (!a->isCheckable())
+                continue;
+            const bool truth = a->isChecked();
+            a->setChecked(!truth);
+            w->showStateInCheckMarks();
+            QVERIFY2(a->isChecked() == truth, qPrintable(a->objectName()));
+        }
     }
 
     void cleanupTestCase() { delete w; }
