@@ -374,7 +374,8 @@ void MainWindow::bindStatistics() {
 }
 
 // Each use opens a further window over the simulation's statistics; it
-// follows every step and every drawn frame and lives as long as this window.
+// follows every step and every drawn frame until it is closed, and closing it
+// deletes it (its connections go with it: a closed window costs the steps nothing).
 void MainWindow::on_actionShow_statistics_triggered() {
     if (!currentModel)
         return;
@@ -384,6 +385,7 @@ void MainWindow::on_actionShow_statistics_triggered() {
         return;
     }
     auto* window = new EcosystemStatistics(this, currentModel->getEntitiesStatistics());
+    window->setAttribute(Qt::WA_DeleteOnClose);
     connect(currentModel, &EcosystemRender::nrPlantsLivingChanged, window,
             &EcosystemStatistics::nrPlantsLivingChanged);
     connect(currentModel, &EcosystemRender::nrPlantsRenderedChanged, window,

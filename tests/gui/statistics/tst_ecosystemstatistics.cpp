@@ -138,7 +138,7 @@ private slots:
     }
 
     // Before the simulation has run there is nothing to show; afterwards every
-    // use opens a window that follows the steps.
+    // use opens a window that follows the steps until it is closed.
     void mainWindowOpensWindowsOnceTheSimulationRuns() {
         gui::MainWindow w;
         QVERIFY(showWithScene(w));
@@ -159,6 +159,12 @@ private slots:
         QCOMPARE(windows[1]->ui.graf1->points().size(), 2);
         QCOMPARE(catcher.messages.size(), size_t(1));
 
+        // "Close" deletes the window; the other one goes on.
+        const QPointer<EcosystemStatistics> closed = windows[0];
+        QTest::mouseClick(closed->ui.close, Qt::LeftButton);
+        QTRY_VERIFY(closed.isNull());
+        w.currentModel->simulateNextStepAndUpdateGL();
+        QCOMPARE(windows[1]->ui.graf1->points().size(), 3);
     }
 };
 
