@@ -1024,17 +1024,6 @@ Primer:
     </message>
 </context>
 <context>
-    <name>arbo::SerializatorDelckovDrevesa</name>
-    <message>
-        <source>Error</source>
-        <translation>Napaka</translation>
-    </message>
-    <message>
-        <source>Could not write %1.</source>
-        <translation>Datoteke %1 ni bilo mogoče zapisati.</translation>
-    </message>
-</context>
-<context>
     <name>ecosystem::CEcosystemSimulation</name>
     <message>
         <source>Could not save simulation file.</source>
@@ -1750,6 +1739,10 @@ Primer:
     <message>
         <source>Saving the image...</source>
         <translation>Shranjujem sliko ...</translation>
+    </message>
+    <message>
+        <source>Could not write %1.</source>
+        <translation>Datoteke %1 ni bilo mogoče zapisati.</translation>
     </message>
 </context>
 </TS>

@@ -311,6 +311,10 @@ void MainWindow::newGlContextInitialized(OglWidget* view) {
             Qt::UniqueConnection);
     connect(view, &OglWidget::frameSwapped, this, &MainWindow::showStateInCheckMarks,
             Qt::UniqueConnection);
+    // Queued: the box, if one opens, opens after the paint, not inside it.
+    connect(view, &OglWidget::frameSwapped, fileHandler,
+            &actionhandling::FileHandler::reportGeometryFailure,
+            Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));
 }
 
 void MainWindow::on_actionAdd_view_triggered() {

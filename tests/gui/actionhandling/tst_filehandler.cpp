@@ -83,6 +83,8 @@ private slots:
         catcher->messages.clear();
     }
     void cleanup() {
+        if (catcher)
+            catcher->whileShown = nullptr;
         w.reset();
         catcher.reset();
         dir.reset();
@@ -278,21 +280,48 @@ private slots:
         QCOMPARE(frameNumbers("sim.png"), expected);
     }
 
-    // An image that cannot be written is reported and ends the sequence,
-    // tick included.
+    // A frame that cannot be written, image or geometry, ends the sequence,
+    // tick included, before its one box opens: the ticks that run on in the
+    // box's event loop export nothing more and open no box inside it.
+    void unwritableFrameStopsTheSequence_data() {
+        QTest::addColumn<QString>("image"); // the window image's name, if any
+        QTest::addColumn<QString>("taken"); // a folder that takes a frame's file name
+        QTest::newRow("image") << "gone.png"
+                               << "gone.png00001.png";
+        QTest::newRow("geometry") << "gone.png"
+                                  << "gone.crs00000.crs.part";
+        QTest::newRow("geometry, no images") << QString() << "gone.crs00000.crs.part";
+    }
     void unwritableFrameStopsTheSequence() {
+        QFETCH(QString, image);
+        QFETCH(QString, taken);
         toTreeEditMode();
-        DialogScript script;
-        QVERIFY(run(w->ui.actionExport_window_image, script.file("gone.png")));
-        QVERIFY(QDir::current().mkdir("gone.png00001.png")); // a folder takes the name
+        DialogScript script, vertices;
+        if (!image.isEmpty())
+            QVERIFY(run(w->ui.actionExport_window_image, script.file(image)));
+        QVERIFY(
+            run(w->ui.actionExport_current_tree_geometry_as_vertices, vertices.file("gone.crs")));
+        QTRY_VERIFY(QFile::exists("gone.crs"));
+        QVERIFY(QDir::current().mkdir(taken));
+        int open = 0, deepest = 0;
+        catcher->whileShown = [&] {
+            deepest = std::max(deepest, ++open);
+            if (open == 1)
+                QTest::qWait(300);
+            --open;
+        };
         w->ui.actionAnimation_rendering_mode_Sequence_export->trigger();
         w->ui.actionGrow_tree->trigger();
         QTRY_VERIFY(!w->ui.actionAnimation_rendering_mode_Sequence_export->isChecked());
+        QTRY_COMPARE(catcher->lines().size(), size_t(1));
         w->ui.actionGrow_tree->trigger();
+        catcher->whileShown = nullptr;
+        QCOMPARE(deepest, 1);
         QCOMPARE(catcher->lines().size(), size_t(1));
         QVERIFY(QString::fromStdString(catcher->lines()[0]).startsWith("Error: Could not write"));
         QCOMPARE(w->timeKeeper->animationFrameNumber, 0);
         QVERIFY(w->fileHandler->lastFileNameImage.isEmpty());
+        QVERIFY(w->fileHandler->lastFileNameVertex.isEmpty());
     }
 
     // The custom-resolution image: the view's field of view stretched to the
