@@ -99,6 +99,15 @@ public:
     bool fastDistantTrees = false;
     // Ecosystem frames slower than this bring the hint at the fast switch.
     double slowFrameMs = 500.0;
+    // Raised while an image is drawn off screen tile by tile: the timers'
+    // ticks (simulation steps, camera glides, tree animation) wait, so that
+    // every tile shows the same moment.
+    bool holdTime = false;
+
+    // A frame of an image drawn off screen: as render(), but it is no frame of
+    // a view (no statistics point, no frame counted, no hint), and the impostor
+    // atlas first draws every picture the frame needs, however long that takes.
+    void renderOffScreen();
 
 signals:
     void modelDataChanged();
@@ -188,6 +197,7 @@ private:
 
     VisiblePlantsRender visiblePlants;
     bool slowFramesHinted = false;
+    bool offScreenFrame = false; // the frame being drawn is renderOffScreen's
 };
 
 } // namespace ecosystem::render

@@ -1,7 +1,9 @@
 #include "arbo/arbo.h"
 #include "arbo/latexexport.h"
+#include "ecosystem/render/camera.h"
 #include "ecosystem/render/ecosystemrender.h"
 #include "ecosystem/simulation/ecosystemsimulation.h"
+#include "ecosystem/simulation/statistics/entitiesstatistics.h"
 #include "gui/actionhandling/filehandler.h"
 #include "gui/actionhandling/timekeeper.h"
 #include "gui/dialogs/pixmapexportdialog.h"
@@ -352,6 +354,35 @@ private slots:
         QVERIFY(imagecompare::meanAbsoluteDifference(big, scaled) < 12.0);
         view()->updateGL();
         QCOMPARE(imagecompare::differingPixels(view()->grabFrameBuffer(), before), 0);
+
+        // Events are handled between the tiles (the progress dialog does): no
+        // simulation step or camera glide moves the scene on meanwhile, and no
+        // tile adds a point to the statistics; after, the scene goes on.
+        scene()->setLupaMinX(44);
+        scene()->setLupaMaxX(50);
+        scene()->setLupaMinY(44);
+        scene()->setLupaMaxY(50);
+        const int& step = scene()->ecosystemSimulation->simulationStepNr;
+        const ecosystem::render::Camera& camera = *scene()->getCurrentCamera();
+        const std::vector<int>& points = scene()->getEntitiesStatistics()->korakiUpodobitev;
+        w->ui.actionRun_simulation->trigger();
+        QTRY_VERIFY(step > 1);
+        w->ui.actionMove_forward_more->trigger();
+        QList<QList<double>> seen;
+        QVERIFY(!view()
+                     ->renderPixmap(320, 200, 64,
+                                    [&](int, int) {
+                                        QTest::qWait(20);
+                                        seen << QList<double>{double(step), camera.x, camera.z,
+                                                              double(points.size())};
+                                        return true;
+                                    })
+                     .isNull());
+        QTRY_VERIFY(step > seen.first()[0]);
+        w->ui.actionRun_simulation->trigger();
+        QCOMPARE(seen.size(), 20);
+        for (const QList<double>& tile : seen)
+            QCOMPARE(tile, seen.first());
     }
 
     void treeExportsThroughTheMenu() {
