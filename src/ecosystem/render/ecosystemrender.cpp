@@ -138,8 +138,8 @@ bool EcosystemRender::loadTreeTextureImages(const arbo::Arbo& tree, QImage& bark
     return true;
 }
 
-bool EcosystemRender::loadSelectedTreeParameters(const std::string& fileName) {
-    if (!izbranoArbo->pdPrepared.loadParameters(fileName))
+bool EcosystemRender::loadSelectedTreeParameters(const std::string& fileName, std::string* reason) {
+    if (!izbranoArbo->pdPrepared.loadParameters(fileName, reason))
         return false;
     emit selectedTreeReplaced();
     return true;

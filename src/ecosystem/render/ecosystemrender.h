@@ -176,9 +176,9 @@ public:
     // when either cannot be read.
     static bool loadTreeTextureImages(const arbo::Arbo& tree, QImage& bark, QImage& leaf);
     // A parameter file into the selected tree's parameters; false (and the
-    // tree as it was) when the file is missing or rejected. Whatever edits the
-    // tree takes the new set up (selectedTreeReplaced).
-    bool loadSelectedTreeParameters(const std::string& fileName);
+    // tree as it was, and why in reason) when the file is missing or rejected.
+    // Whatever edits the tree takes the new set up (selectedTreeReplaced).
+    bool loadSelectedTreeParameters(const std::string& fileName, std::string* reason = nullptr);
 
 private:
     void initModelObjects();

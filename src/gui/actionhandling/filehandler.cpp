@@ -105,8 +105,9 @@ void FileHandler::actionLoad_parameters() {
         askOpen(tr("Choose a file to open"), tr("Tree version 3.x parameters (*.tree.xml)"));
     if (name.isEmpty())
         return;
-    if (!model->loadSelectedTreeParameters(local(name))) {
-        error(tr("Could not open file."));
+    std::string reason;
+    if (!model->loadSelectedTreeParameters(local(name), &reason)) {
+        error(tr("Could not open file.") + '\n' + QString::fromStdString(reason));
         return;
     }
     // The loaded set may name other textures; the views show it at once.
