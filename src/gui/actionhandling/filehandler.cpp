@@ -367,6 +367,8 @@ void FileHandler::actionSave_simulation() {
         model->saveSimulation(local(name));
 }
 
+// Every trigger switches autosaving on; nothing switches it off (the window
+// keeps the action's tick on to say so).
 void FileHandler::actionAutosave_simulation() {
     model->setAutosave(30);
 }

@@ -551,6 +551,13 @@ private slots:
         QVERIFY(run(w->ui.actionLoad_simulation, open.file("a.sim")));
         QCOMPARE(repaint.count(), 1);
         QCOMPARE(scene()->ecosystemSimulation->simulationStepNr, saved);
+
+        // Every trigger switches autosaving on, and its tick stays.
+        for (int i = 0; i < 2; ++i) {
+            w->ui.actionAutosave_simulation->trigger();
+            QVERIFY(w->ui.actionAutosave_simulation->isChecked());
+        }
+        QCOMPARE(scene()->autoSaveSimulationStepNr, 30);
     }
 };
 
