@@ -159,25 +159,37 @@ private slots:
 
     void cancelledDialogsWriteNothing_data() {
         QTest::addColumn<QString>("action");
-        QTest::addColumn<bool>("pixmapDialog");
+        QTest::addColumn<QString>("cancelled"); // the file dialog, or the one after it
         for (const char* a :
              {"actionSave_parameters", "actionLoad_parameters", "actionImport_tree_2_x_parameters",
               "actionExport_current_tree_geometry_as_vertices", "actionExport_current_tree_as_OBJ",
               "actionExport_current_tree_as_Latex_formulas", "actionLoad_DEM_terrain_model",
               "actionExport_window_image", "actionExport_custom_resolution_image",
-              "actionLoad_bark_texture", "actionLoadleaf_texture"})
-            QTest::newRow(a) << a << false;
-        QTest::newRow("pixmap size cancelled") << "actionExport_custom_resolution_image" << true;
+              "actionLoad_bark_texture", "actionLoadleaf_texture", "actionSave_simulation",
+              "actionLoad_simulation"})
+            QTest::newRow(a) << a << "file";
+        QTest::newRow("pixmap size cancelled") << "actionExport_custom_resolution_image"
+                                               << "pixmap";
+        QTest::newRow("sky textures cancelled") << "actionSet_sky_textures"
+                                                << "sky";
     }
     void cancelledDialogsWriteNothing() {
         QFETCH(QString, action);
-        QFETCH(bool, pixmapDialog);
+        QFETCH(QString, cancelled);
         toTreeEditMode();
+        // The simulation actions open their dialog only once a run has begun.
+        scene()->ecosystemSimulation->simulationRunning = true;
         const std::string bark = tree()->pdPrepared.barkTextureFileName;
+        QSignalSpy repaint(scene(), &ecosystem::render::EcosystemRender::modelDataChanged);
         DialogScript script;
-        if (pixmapDialog)
+        if (cancelled == "pixmap")
             script.file("big.png").then<gui::PixmapExportDialog>(
                 [](gui::PixmapExportDialog* d) { d->reject(); });
+        else if (cancelled == "sky")
+            script.then<gui::SkyTextures>([](gui::SkyTextures* d) {
+                d->north->setText("n.png");
+                d->reject();
+            });
         else
             script.file(QString());
         QVERIFY(run(w->findChild<QAction*>(action), script));
@@ -187,6 +199,7 @@ private slots:
         QCOMPARE(QDir::current().entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
         QVERIFY(catcher->messages.empty());
         QCOMPARE(tree()->pdPrepared.barkTextureFileName, bark);
+        QCOMPARE(repaint.count(), 0); // nothing loaded
     }
 
     void windowImageIsAPngWhateverItsName() {
