@@ -309,7 +309,7 @@
     </message>
     <message>
         <source>Sway tree in &amp;wind</source>
-        <translation>Zibanje drevesa v &amp;vetru</translation>
+        <translation>&amp;Zibanje drevesa v vetru</translation>
     </message>
     <message>
         <source>&amp;Run simulation</source>
@@ -505,11 +505,11 @@
     </message>
     <message>
         <source>Export &amp;window image</source>
-        <translation>Izvozi sliko &amp;okna</translation>
+        <translation>Izvozi sliko o&amp;kna</translation>
     </message>
     <message>
         <source>&amp;Export custom resolution image</source>
-        <translation>&amp;Izvozi sliko poljubne ločljivosti</translation>
+        <translation>Izvozi sliko &amp;poljubne ločljivosti</translation>
     </message>
     <message>
         <source>Ani&amp;mation rendering mode (sequence export)</source>
@@ -521,7 +521,7 @@
     </message>
     <message>
         <source>Load lea&amp;f texture</source>
-        <translation>Naloži teksturo &amp;listov</translation>
+        <translation>Naloži teksturo l&amp;istov</translation>
     </message>
     <message>
         <source>Design &amp;strand distribution</source>
@@ -549,7 +549,7 @@
     </message>
     <message>
         <source>&amp;Advanced tree &amp;properties</source>
-        <translation>&amp;Napredne lastnosti drevesa</translation>
+        <translation>Napredne las&amp;tnosti drevesa</translation>
     </message>
     <message>
         <source>&amp;Undo design edit</source>
@@ -589,7 +589,7 @@
     </message>
     <message>
         <source>Do not draw &amp;trees (ecosystem mode)</source>
-        <translation>Ne izrisuj &amp;dreves (ekosistem)</translation>
+        <translation>Ne &amp;izrisuj dreves (ekosistem)</translation>
     </message>
     <message>
         <source>Do not refresh &amp;display, only run simulation (ecosystem mode)</source>
@@ -605,15 +605,15 @@
     </message>
     <message>
         <source>Display terrain l&amp;and markings (South, North, East, West)</source>
-        <translation>Prikaži &amp;oznake strani neba na terenu (jug, sever, vzhod, zahod)</translation>
+        <translation>Prikaži o&amp;znake strani neba na terenu (jug, sever, vzhod, zahod)</translation>
     </message>
     <message>
         <source>Display terrain &amp;normals</source>
-        <translation>Prikaži &amp;normale terena</translation>
+        <translation>Prikaži nor&amp;male terena</translation>
     </message>
     <message>
         <source>Display terrain &amp;inclination</source>
-        <translation>Prikaži &amp;naklon terena</translation>
+        <translation>Prikaži n&amp;aklon terena</translation>
     </message>
     <message>
         <source>Display terrain &amp;moisture</source>
@@ -621,11 +621,11 @@
     </message>
     <message>
         <source>Display terrain &amp;sunniness</source>
-        <translation>Prikaži &amp;osončenost terena</translation>
+        <translation>Prikaži oson&amp;čenost terena</translation>
     </message>
     <message>
         <source>Display terrain &amp;windiness</source>
-        <translation>Prikaži &amp;vetrovnost terena</translation>
+        <translation>Prikaži ve&amp;trovnost terena</translation>
     </message>
     <message>
         <source>Display sun</source>
@@ -1021,17 +1021,6 @@ Primer:
     <message>
         <source>vertex of curve %1</source>
         <translation>oglišče krivulje %1</translation>
-    </message>
-</context>
-<context>
-    <name>arbo::SerializatorDelckovDrevesa</name>
-    <message>
-        <source>Error</source>
-        <translation>Napaka</translation>
-    </message>
-    <message>
-        <source>Could not write %1.</source>
-        <translation>Datoteke %1 ni bilo mogoče zapisati.</translation>
     </message>
 </context>
 <context>
@@ -1750,6 +1739,10 @@ Primer:
     <message>
         <source>Saving the image...</source>
         <translation>Shranjujem sliko ...</translation>
+    </message>
+    <message>
+        <source>Could not write %1.</source>
+        <translation>Datoteke %1 ni bilo mogoče zapisati.</translation>
     </message>
 </context>
 </TS>

@@ -8,7 +8,8 @@
 #include <QImageWriter>
 #include <QSaveFile>
 
-#include <cstdio>
+#include <charconv>
+#include <initializer_list>
 #include <memory>
 #include <vector>
 
@@ -35,10 +36,19 @@ void zrastiMrezo(Arbo& drevo) {
     drevo.delckiDrevesa.sklad.naGl = naGl;
 }
 
-template <class... Stevila> void dodaj(QByteArray& out, const char* format, Stevila... stevila) {
-    char vrstica[128];
-    const int n = std::snprintf(vrstica, sizeof vrstica, format, stevila...);
-    out.append(vrstica, n);
+// A line of numbers, as printf's "%.7g" writes them but always with a decimal
+// point: the C library's format follows the desktop's locale (a comma in
+// Slovene), which no 3-D package reads.
+void dodaj(QByteArray& out, const char* oznaka, std::initializer_list<double> stevila) {
+    out += oznaka;
+    char stevilo[32];
+    for (const double x : stevila) {
+        const auto r =
+            std::to_chars(stevilo, stevilo + sizeof stevilo, x, std::chars_format::general, 7);
+        out += ' ';
+        out.append(stevilo, int(r.ptr - stevilo));
+    }
+    out += '\n';
 }
 
 // One object: its vertices, then its triangles; OBJ numbers vertices from 1
@@ -47,21 +57,27 @@ void zapisiObjekt(QByteArray& out, const char* ime, const MrezaDrevesa::Paket& p
     out += "o ";
     out += ime;
     out += '\n';
-    for (size_t i = 0; i < p.oglisca.size(); ++i)
-        dodaj(out, "v %.7g %.7g %.7g\n", double(p.oglisca[i].x), double(p.oglisca[i].y),
-              double(p.oglisca[i].z));
-    for (size_t i = 0; i < p.oglisca.size(); ++i)
-        dodaj(out, "vt %.7g %.7g\n", double(p.oglisca[i].s), double(p.oglisca[i].t));
-    for (size_t i = 0; i < p.oglisca.size(); ++i)
-        dodaj(out, "vn %.7g %.7g %.7g\n", double(p.oglisca[i].nx), double(p.oglisca[i].ny),
-              double(p.oglisca[i].nz));
+    const auto& o = p.oglisca;
+    for (size_t i = 0; i < o.size(); ++i)
+        dodaj(out, "v", {o[i].x, o[i].y, o[i].z});
+    for (size_t i = 0; i < o.size(); ++i)
+        dodaj(out, "vt", {o[i].s, o[i].t});
+    for (size_t i = 0; i < o.size(); ++i)
+        dodaj(out, "vn", {o[i].nx, o[i].ny, o[i].nz});
     out += "usemtl ";
     out += ime;
     out += '\n';
     for (size_t i = 0; i + 2 < p.indeksi.size(); i += 3) {
         const size_t a = prvo + p.indeksi[i], b = prvo + p.indeksi[i + 1],
                      c = prvo + p.indeksi[i + 2];
-        dodaj(out, "f %zu/%zu/%zu %zu/%zu/%zu %zu/%zu/%zu\n", a, a, a, b, b, b, c, c, c);
+        // Position, texture coordinate and normal share each vertex's number.
+        out += "f";
+        for (const size_t v : {a, b, c}) {
+            out += ' ';
+            const QByteArray n = QByteArray::number(qulonglong(v));
+            out += n + '/' + n + '/' + n;
+        }
+        out += '\n';
     }
     prvo += p.oglisca.size();
 }

@@ -1,10 +1,6 @@
 #include "arbo/serializatordelckovdrevesa.h"
 
 #include "arbo/matrikasklad.h"
-#include "arbo/usermessage.h"
-
-#include <QCoreApplication>
-#include <QDir>
 
 #include <filesystem>
 
@@ -19,7 +15,7 @@ SerializatorDelckovDrevesa::SerializatorDelckovDrevesa() {
 
 // The records go to a file of their own beside the target, which replaces the
 // target only once every record is written: a failed export leaves an older
-// file of that name intact, and the user is told.
+// file of that name intact.
 void SerializatorDelckovDrevesa::zacniSerializacijo(const std::string& strFileName, int stTock) {
     if (izhod.is_open())
         izhod.close();
@@ -48,11 +44,7 @@ bool SerializatorDelckovDrevesa::koncajSerializacijo() {
     if (!zapisano || napaka) {
         if (ustvarjena)
             std::filesystem::remove(zacasna, napaka);
-        showUserMessage(
-            QCoreApplication::translate("arbo::SerializatorDelckovDrevesa", "Error").toStdString(),
-            QCoreApplication::translate("arbo::SerializatorDelckovDrevesa", "Could not write %1.")
-                .arg(QDir::toNativeSeparators(QString::fromLocal8Bit(cilj.c_str())))
-                .toStdString());
+        neuspelo = cilj;
         return false;
     }
     return true;

@@ -21,13 +21,17 @@ public:
     Presek presekZgoraj;
     std::ofstream izhod;
     std::string cilj; // the file the records replace once all are written
+    // The last file that could not be written, until the caller has told the
+    // user: the file is finished inside a frame being drawn, where no box may
+    // open (its event loop would draw frames inside this one).
+    std::string neuspelo;
     // Where the current matrix is read; null reads OpenGL's model-view matrix.
     MatrikaSklad* sklad = nullptr;
 
     SerializatorDelckovDrevesa();
 
     void zacniSerializacijo(const std::string& strFileName, int stTock);
-    // Puts the finished file in place; false (and the user told) when it failed.
+    // Puts the finished file in place; false (and neuspelo set) when it failed.
     bool koncajSerializacijo();
     void serializirajVejo(double visina, double sirinaSpodaj, double sirinaZgoraj,
                           Presek* presekSpodaj, int idVeje);

@@ -177,6 +177,21 @@ struct TreeStates {
     }
 };
 
+class HoldTime {
+public:
+    explicit HoldTime(ecosystem::render::EcosystemRender& scene)
+        : scene(scene), before(scene.holdTime) {
+        scene.holdTime = true;
+    }
+    ~HoldTime() { scene.holdTime = before; }
+    HoldTime(const HoldTime&) = delete;
+    HoldTime& operator=(const HoldTime&) = delete;
+
+private:
+    ecosystem::render::EcosystemRender& scene;
+    bool before;
+};
+
 } // namespace
 
 QImage OglWidget::grabFrameBuffer() {
@@ -216,6 +231,9 @@ QImage OglWidget::renderPixmap(int width, int height, int maxTile,
         w, h, QOpenGLFramebufferObject::CombinedDepthStencil);
     const std::vector<arbo::Arbo*>& trees = currentModel->izglediDrevesnihVrst;
     const TreeStates atStart(trees);
+    // The progress report handles events between tiles: the timers must not
+    // move the scene on meanwhile.
+    const HoldTime held(*currentModel);
     bool done = fbo->isValid();
     for (int r = 0; done && r < rows; ++r)
         for (int c = 0; done && c < columns; ++c) {
@@ -264,7 +282,7 @@ void OglWidget::renderTile(const QRect& tile, const QSize& image) {
     }
     gluPerspective(90.0, 1.0, 1.0, 30000.0);
     glMatrixMode(GL_MODELVIEW);
-    currentModel->render();
+    currentModel->renderOffScreen();
     glMatrixMode(GL_PROJECTION);
     glPopMatrix();
     glMatrixMode(GL_MODELVIEW);

@@ -1,5 +1,6 @@
 #include "arbo/arbo.h"
 #include "arbo/objexport.h"
+#include "support/decimalcomma.h"
 
 #include <QImage>
 #include <QProcess>
@@ -8,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
 #include <QtTest>
+
+#include <optional>
 
 using arbo::Arbo;
 using arbo::ObjExport;
@@ -88,17 +91,24 @@ private slots:
     // The reader finds one bark and one leaf mesh with as many triangles as the
     // tree has segments and leaves (a segment is a cone of 5 x 1 quads, or
     // 10 x 5 in high quality; a leaf one quad), normals and texture
-    // coordinates on every vertex, and both images.
+    // coordinates on every vertex, and both images. Numbers have a decimal
+    // point even where the desktop writes a comma.
     void readerSeesTheTree_data() {
         QTest::addColumn<QString>("datoteka");
         QTest::addColumn<bool>("visoka");
-        QTest::newRow("default") << QString() << false;
-        QTest::newRow("default, high quality") << QString() << true;
-        QTest::newRow("spruce") << "smrekaMini.tree.xml" << false;
+        QTest::addColumn<bool>("vejica");
+        QTest::newRow("default") << QString() << false << false;
+        QTest::newRow("default, high quality") << QString() << true << false;
+        QTest::newRow("spruce") << "smrekaMini.tree.xml" << false << false;
+        QTest::newRow("decimal comma desktop") << QString() << false << true;
     }
     void readerSeesTheTree() {
         QFETCH(QString, datoteka);
         QFETCH(bool, visoka);
+        QFETCH(bool, vejica);
+        std::optional<DecimalComma> slovensko;
+        if (vejica && !slovensko.emplace().active())
+            QSKIP("no locale with a decimal comma, and localedef could not make one");
         Arbo a;
         if (!datoteka.isEmpty())
             QVERIFY(a.pdPrepared.loadParameters(
@@ -123,6 +133,13 @@ private slots:
         QVERIFY(napaka.isEmpty());
         // The animation did not move on.
         QCOMPARE(a.pogled.cas, prej.cas);
+        QFile f(obj);
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        const QString besedilo = QString::fromUtf8(f.readAll());
+        QVERIFY(besedilo.contains(
+            QRegularExpression(R"(^v -?\d+\.\d+ )", QRegularExpression::MultilineOption)));
+        QVERIFY(
+            !besedilo.contains(QRegularExpression("^v.*,", QRegularExpression::MultilineOption)));
 
         const int naSegment = visoka ? 2 * 10 * 5 : 2 * 5 * 1;
         const QMap<QString, Mesh> m = info(obj);

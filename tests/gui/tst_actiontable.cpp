@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QMenuBar>
 #include <QToolBar>
+#include <QTranslator>
 #include <QtTest>
 
 // Every menu entry and tool-bar button against the action table: order,
@@ -194,6 +195,26 @@ private slots:
                 if (sub->menu())
                     QCOMPARE(entries(sub->menu()), expected[a->text() + " > " + sub->text()]);
         }
+    }
+
+    // In Slovene too, Alt and a letter reach one entry of each menu.
+    void sloveneAcceleratorsDiffer() {
+        QTranslator sl;
+        QVERIFY(sl.load(":/gui/translations/virela_sl_SI"));
+        QCoreApplication::installTranslator(&sl);
+        gui::MainWindow w;
+        QCoreApplication::removeTranslator(&sl);
+        QStringList clashes;
+        for (QAction* m : w.menuBar()->actions()) {
+            QMap<QString, QString> taken; // letter, entry
+            for (QAction* a : m->menu()->actions()) {
+                const QString key = QKeySequence::mnemonic(a->text()).toString();
+                if (!key.isEmpty() && taken.contains(key))
+                    clashes << taken[key] + " / " + a->text();
+                taken[key] = a->text();
+            }
+        }
+        QVERIFY2(clashes.isEmpty(), qPrintable(clashes.join(" | ")));
     }
 
     void everyActionAsTabled() {

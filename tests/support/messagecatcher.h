@@ -5,6 +5,7 @@
 
 #include "arbo/usermessage.h"
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,10 +13,14 @@
 class MessageCatcher {
 public:
     std::vector<std::pair<std::string, std::string>> messages;
+    // Runs while a message is shown, as a modal box's own event loop would.
+    std::function<void()> whileShown;
 
     MessageCatcher() {
         arbo::setUserMessageHandler([this](const std::string& title, const std::string& text) {
             messages.emplace_back(title, text);
+            if (whileShown)
+                whileShown();
         });
     }
     ~MessageCatcher() { arbo::setUserMessageHandler(nullptr); }

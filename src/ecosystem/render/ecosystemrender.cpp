@@ -138,8 +138,8 @@ bool EcosystemRender::loadTreeTextureImages(const arbo::Arbo& tree, QImage& bark
     return true;
 }
 
-bool EcosystemRender::loadSelectedTreeParameters(const std::string& fileName) {
-    if (!izbranoArbo->pdPrepared.loadParameters(fileName))
+bool EcosystemRender::loadSelectedTreeParameters(const std::string& fileName, std::string* reason) {
+    if (!izbranoArbo->pdPrepared.loadParameters(fileName, reason))
         return false;
     emit selectedTreeReplaced();
     return true;
@@ -238,12 +238,23 @@ int EcosystemRender::renderVisiblePlants() {
 
 int EcosystemRender::drawVisiblePlants() {
     std::vector<int> counts;
-    const int visible = visiblePlants.render(
-        ecosystemSimulation->rastlinskeVrste, izglediDrevesnihVrst, *izbranoArbo, *camera,
-        {showNeighborHood, doNotDrawTrees, lightingEnabled, wireframe, fastDistantTrees}, counts);
-    getEntitiesStatistics()->addRenderedSpecies(counts);
-    emit nrPlantsRenderedChanged();
+    const int visible = visiblePlants.render(ecosystemSimulation->rastlinskeVrste,
+                                             izglediDrevesnihVrst, *izbranoArbo, *camera,
+                                             {showNeighborHood, doNotDrawTrees, lightingEnabled,
+                                              wireframe, fastDistantTrees, offScreenFrame},
+                                             counts);
+    // The statistics have one point per frame a view shows.
+    if (!offScreenFrame) {
+        getEntitiesStatistics()->addRenderedSpecies(counts);
+        emit nrPlantsRenderedChanged();
+    }
     return visible;
+}
+
+void EcosystemRender::renderOffScreen() {
+    offScreenFrame = true;
+    render();
+    offScreenFrame = false;
 }
 
 void EcosystemRender::render() {
@@ -252,7 +263,8 @@ void EcosystemRender::render() {
         emit stopTreeAnimation();
     if (doNotRefreshDisplay)
         return;
-    countFrame();
+    if (!offScreenFrame)
+        countFrame();
     if (lightingEnabled)
         glEnable(GL_LIGHTING);
     else
@@ -265,7 +277,8 @@ void EcosystemRender::render() {
         QElapsedTimer frameTimer;
         frameTimer.start();
         renderEcosystem();
-        hintAtSlowFrames(frameTimer.nsecsElapsed() / 1e6);
+        if (!offScreenFrame)
+            hintAtSlowFrames(frameTimer.nsecsElapsed() / 1e6);
         // The impostor atlas draws a limited number of pictures per frame:
         // the next frame draws more.
         if (visiblePlants.atlasPending)

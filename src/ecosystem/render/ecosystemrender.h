@@ -99,6 +99,15 @@ public:
     bool fastDistantTrees = false;
     // Ecosystem frames slower than this bring the hint at the fast switch.
     double slowFrameMs = 500.0;
+    // Raised while an image is drawn off screen tile by tile: the timers'
+    // ticks (simulation steps, camera glides, tree animation) wait, so that
+    // every tile shows the same moment.
+    bool holdTime = false;
+
+    // A frame of an image drawn off screen: as render(), but it is no frame of
+    // a view (no statistics point, no frame counted, no hint), and the impostor
+    // atlas first draws every picture the frame needs, however long that takes.
+    void renderOffScreen();
 
 signals:
     void modelDataChanged();
@@ -167,9 +176,9 @@ public:
     // when either cannot be read.
     static bool loadTreeTextureImages(const arbo::Arbo& tree, QImage& bark, QImage& leaf);
     // A parameter file into the selected tree's parameters; false (and the
-    // tree as it was) when the file is missing or rejected. Whatever edits the
-    // tree takes the new set up (selectedTreeReplaced).
-    bool loadSelectedTreeParameters(const std::string& fileName);
+    // tree as it was, and why in reason) when the file is missing or rejected.
+    // Whatever edits the tree takes the new set up (selectedTreeReplaced).
+    bool loadSelectedTreeParameters(const std::string& fileName, std::string* reason = nullptr);
 
 private:
     void initModelObjects();
@@ -188,6 +197,7 @@ private:
 
     VisiblePlantsRender visiblePlants;
     bool slowFramesHinted = false;
+    bool offScreenFrame = false; // the frame being drawn is renderOffScreen's
 };
 
 } // namespace ecosystem::render

@@ -591,7 +591,9 @@ int VisiblePlantsRender::render(std::vector<simulationEntities::CVrstaRastlin>& 
     if (impostorji) {
         QElapsedTimer impostorTimer;
         impostorTimer.start();
-        atlasImpostorjev->koncajSprehod(casAtlasaNaOkvirMs, stNiti);
+        atlasImpostorjev->koncajSprehod(flags.wholeAtlas ? std::numeric_limits<double>::infinity()
+                                                         : casAtlasaNaOkvirMs,
+                                        stNiti);
         atlasPending = atlasImpostorjev->manjka();
         impostorsMs = impostorTimer.nsecsElapsed() / 1e6;
     }

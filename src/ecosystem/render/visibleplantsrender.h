@@ -34,6 +34,9 @@ public:
         // Plants at the far levels of detail drawn as impostors from the atlas
         // instead of grown trees (never in wire frame).
         bool fastDistantTrees = false;
+        // The atlas draws every picture the walk asks for before the impostors
+        // (a frame of an exported image), not a limited time per frame.
+        bool wholeAtlas = false;
     };
 
     // Measurements of the last walk, for the benchmark: milliseconds spent in

@@ -32,6 +32,11 @@ QString imageFilter() {
     return FileHandler::tr("Images (*.png *.xpm *.jpg *.bmp)");
 }
 
+QString imageNotWritten(const QString& fileName) {
+    return FileHandler::tr("Could not write the image file %1.")
+        .arg(QDir::toNativeSeparators(fileName));
+}
+
 // File names reach the data layers in the file system's encoding.
 std::string local(const QString& fileName) {
     return QFile::encodeName(fileName).toStdString();
@@ -72,8 +77,10 @@ void FileHandler::error(const QString& text) {
     arbo::showUserMessage(tr("Error").toStdString(), text.toStdString());
 }
 
-void FileHandler::imageNotWritten(const QString& fileName) {
-    error(tr("Could not write the image file %1.").arg(QDir::toNativeSeparators(fileName)));
+void FileHandler::frameFailed(const QString& text) {
+    // Stopped before the box opens: the ticks go on while it is shown.
+    emit sequenceFrameFailed();
+    error(text);
 }
 
 QString FileHandler::askOpen(const QString& caption, const QString& filter, const QString& start) {
@@ -98,8 +105,9 @@ void FileHandler::actionLoad_parameters() {
         askOpen(tr("Choose a file to open"), tr("Tree version 3.x parameters (*.tree.xml)"));
     if (name.isEmpty())
         return;
-    if (!model->loadSelectedTreeParameters(local(name))) {
-        error(tr("Could not open file."));
+    std::string reason;
+    if (!model->loadSelectedTreeParameters(local(name), &reason)) {
+        error(tr("Could not open file.") + '\n' + QString::fromStdString(reason));
         return;
     }
     // The loaded set may name other textures; the views show it at once.
@@ -250,7 +258,7 @@ void FileHandler::actionExport_window_image() {
     if (name.isEmpty())
         return;
     if (!writePng(qglWidget->grabFrameBuffer(), name)) {
-        imageNotWritten(name);
+        error(imageNotWritten(name));
         return;
     }
     lastFileNameImage = name;
@@ -260,11 +268,20 @@ void FileHandler::grabAnimationFrame(int frameNr) {
     if (lastFileNameImage.isEmpty())
         return;
     const QString name = frameFileName(lastFileNameImage, frameNr, ".png");
-    if (writePng(qglWidget->grabFrameBuffer(), name))
-        return;
-    // Stopped before the box opens: the ticks go on while it is shown.
-    emit sequenceFrameFailed();
-    imageNotWritten(name);
+    // Drawing the frame writes its geometry file, if one is due.
+    const bool written = writePng(qglWidget->grabFrameBuffer(), name);
+    if (!reportGeometryFailure() && !written)
+        frameFailed(imageNotWritten(name));
+}
+
+bool FileHandler::reportGeometryFailure() {
+    std::string& failed = model->getIzbranoArbo()->serializatorDelckovDrevesa.neuspelo;
+    if (failed.empty())
+        return false;
+    const QString name = QFile::decodeName(failed.c_str());
+    failed.clear();
+    frameFailed(tr("Could not write %1.").arg(QDir::toNativeSeparators(name)));
+    return true;
 }
 
 void FileHandler::resetLastNames() {
@@ -281,7 +298,7 @@ void FileHandler::actionExport_custom_resolution_image() {
         return;
     const QImage image = renderWithProgress(dialog.sbWidth->value(), dialog.sbHeight->value());
     if (!image.isNull() && !writeInBackground(image, name, dialog.sliderQuality->value()))
-        imageNotWritten(name);
+        error(imageNotWritten(name));
 }
 
 // Null when cancelled (nothing said) or when the image does not fit in memory.
@@ -350,6 +367,8 @@ void FileHandler::actionSave_simulation() {
         model->saveSimulation(local(name));
 }
 
+// Every trigger switches autosaving on; nothing switches it off (the window
+// keeps the action's tick on to say so).
 void FileHandler::actionAutosave_simulation() {
     model->setAutosave(30);
 }

@@ -69,12 +69,18 @@ public slots:
     void grabAnimationFrame(int frameNr);
     void grabGeometryFrame(int frame);
     void resetLastNames();
+    // A geometry file is finished inside the frame that draws it, where no box
+    // may open: its failure is told here, once that frame is done, and ends a
+    // sequence as a failed image does. Called after each frame a view shows;
+    // true when there was a failure to tell.
+    bool reportGeometryFailure();
 
 private:
     // The "First run simulation please." box when no simulation was started.
     bool simulationStarted();
     void error(const QString& text);
-    void imageNotWritten(const QString& fileName);
+    // Ends a running sequence, then tells why.
+    void frameFailed(const QString& text);
     QString askOpen(const QString& caption, const QString& filter, const QString& start = {});
     QString askSave(const QString& caption, const QString& filter);
     void loadTreeTexture(std::string arbo::ParametriDrevesa::*fileName);

@@ -1,5 +1,7 @@
 #include "gui/actionhandling/timekeeper.h"
 
+#include "ecosystem/render/ecosystemrender.h"
+
 #include <QTimer>
 
 namespace gui::actionhandling {
@@ -69,12 +71,20 @@ void TimeKeeper::stopCameraAnimation() {
     stopTimer(cameraTimer);
 }
 
+bool TimeKeeper::held() const {
+    return model && model->holdTime;
+}
+
 void TimeKeeper::treeTimerUpdate() {
+    if (held())
+        return;
     emit animateTree();
     forceUpdateGl();
 }
 
 void TimeKeeper::cameraTimerUpdate() {
+    if (held())
+        return;
     emit animateCamera();
     forceUpdateGl();
 }
@@ -82,7 +92,7 @@ void TimeKeeper::cameraTimerUpdate() {
 // While exporting, every step is drawn before its image is taken, also when
 // the scene draws only every n-th step: each image shows its own step.
 void TimeKeeper::simmulationTimerUpdate() {
-    if (frameJustShown)
+    if (frameJustShown || held())
         return;
     emit updateSimulationAndGL();
     if (animationExportingMode) {

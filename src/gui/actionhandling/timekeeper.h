@@ -14,7 +14,8 @@ namespace gui::actionhandling {
 // and simulation (0 ms: a step whenever the event loop is idle, after a frame
 // once the events that came in while it was drawn are handled). A timer
 // exists exactly while its activity runs. While sequence export is on, ticks
-// also ask for numbered frames.
+// also ask for numbered frames. While the scene holds time (an image drawn
+// off screen), ticks do nothing.
 class TimeKeeper : public QObject {
     Q_OBJECT
 public:
@@ -56,6 +57,7 @@ private slots:
 private:
     bool frameJustShown = false; // steps wait for the events queued behind it
 
+    bool held() const;
     QTimer* startTimer(int intervalMs, void (TimeKeeper::*tick)());
     static void stopTimer(QTimer*& timer);
 };

@@ -1,7 +1,9 @@
 #include "arbo/arbo.h"
 #include "arbo/latexexport.h"
+#include "ecosystem/render/camera.h"
 #include "ecosystem/render/ecosystemrender.h"
 #include "ecosystem/simulation/ecosystemsimulation.h"
+#include "ecosystem/simulation/statistics/entitiesstatistics.h"
 #include "gui/actionhandling/filehandler.h"
 #include "gui/actionhandling/timekeeper.h"
 #include "gui/dialogs/pixmapexportdialog.h"
@@ -83,6 +85,8 @@ private slots:
         catcher->messages.clear();
     }
     void cleanup() {
+        if (catcher)
+            catcher->whileShown = nullptr;
         w.reset();
         catcher.reset();
         dir.reset();
@@ -113,7 +117,7 @@ private slots:
     }
 
     // A saved tree loads back the same; a file the loader rejects changes
-    // nothing and says "Could not open file.".
+    // nothing and says "Could not open file." and why.
     void parameterFilesThroughTheMenu() {
         tree()->pdPrepared.stVsehZil = 321;
         tree()->pdPrepared.kotVejitveG.tocke = {{0, 0.1}, {0.4, 0.3}, {1, 0.2}};
@@ -138,7 +142,11 @@ private slots:
         bad.close();
         DialogScript rejected;
         QVERIFY(run(w->ui.actionLoad_parameters, rejected.file("bad.tree.xml")));
-        QCOMPARE(catcher->lines(), std::vector<std::string>{"Error: Could not open file."});
+        QCOMPARE(catcher->lines().size(), size_t(1));
+        // The loader's reason follows on a line of its own.
+        const QString told = QString::fromStdString(catcher->lines()[0]);
+        QVERIFY2(told.contains(QRegularExpression("^Error: Could not open file\\.\nline \\d+: ")),
+                 qPrintable(told));
         QCOMPARE(replaced.count(), 1);
         QVERIFY(tree()->pdPrepared.saveParameters("c.tree.xml"));
         QCOMPARE(head("c.tree.xml", 100000), saved);
@@ -151,25 +159,37 @@ private slots:
 
     void cancelledDialogsWriteNothing_data() {
         QTest::addColumn<QString>("action");
-        QTest::addColumn<bool>("pixmapDialog");
+        QTest::addColumn<QString>("cancelled"); // the file dialog, or the one after it
         for (const char* a :
              {"actionSave_parameters", "actionLoad_parameters", "actionImport_tree_2_x_parameters",
               "actionExport_current_tree_geometry_as_vertices", "actionExport_current_tree_as_OBJ",
               "actionExport_current_tree_as_Latex_formulas", "actionLoad_DEM_terrain_model",
               "actionExport_window_image", "actionExport_custom_resolution_image",
-              "actionLoad_bark_texture", "actionLoadleaf_texture"})
-            QTest::newRow(a) << a << false;
-        QTest::newRow("pixmap size cancelled") << "actionExport_custom_resolution_image" << true;
+              "actionLoad_bark_texture", "actionLoadleaf_texture", "actionSave_simulation",
+              "actionLoad_simulation"})
+            QTest::newRow(a) << a << "file";
+        QTest::newRow("pixmap size cancelled") << "actionExport_custom_resolution_image"
+                                               << "pixmap";
+        QTest::newRow("sky textures cancelled") << "actionSet_sky_textures"
+                                                << "sky";
     }
     void cancelledDialogsWriteNothing() {
         QFETCH(QString, action);
-        QFETCH(bool, pixmapDialog);
+        QFETCH(QString, cancelled);
         toTreeEditMode();
+        // The simulation actions open their dialog only once a run has begun.
+        scene()->ecosystemSimulation->simulationRunning = true;
         const std::string bark = tree()->pdPrepared.barkTextureFileName;
+        QSignalSpy repaint(scene(), &ecosystem::render::EcosystemRender::modelDataChanged);
         DialogScript script;
-        if (pixmapDialog)
+        if (cancelled == "pixmap")
             script.file("big.png").then<gui::PixmapExportDialog>(
                 [](gui::PixmapExportDialog* d) { d->reject(); });
+        else if (cancelled == "sky")
+            script.then<gui::SkyTextures>([](gui::SkyTextures* d) {
+                d->north->setText("n.png");
+                d->reject();
+            });
         else
             script.file(QString());
         QVERIFY(run(w->findChild<QAction*>(action), script));
@@ -179,6 +199,7 @@ private slots:
         QCOMPARE(QDir::current().entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
         QVERIFY(catcher->messages.empty());
         QCOMPARE(tree()->pdPrepared.barkTextureFileName, bark);
+        QCOMPARE(repaint.count(), 0); // nothing loaded
     }
 
     void windowImageIsAPngWhateverItsName() {
@@ -278,21 +299,48 @@ private slots:
         QCOMPARE(frameNumbers("sim.png"), expected);
     }
 
-    // An image that cannot be written is reported and ends the sequence,
-    // tick included.
+    // A frame that cannot be written, image or geometry, ends the sequence,
+    // tick included, before its one box opens: the ticks that run on in the
+    // box's event loop export nothing more and open no box inside it.
+    void unwritableFrameStopsTheSequence_data() {
+        QTest::addColumn<QString>("image"); // the window image's name, if any
+        QTest::addColumn<QString>("taken"); // a folder that takes a frame's file name
+        QTest::newRow("image") << "gone.png"
+                               << "gone.png00001.png";
+        QTest::newRow("geometry") << "gone.png"
+                                  << "gone.crs00000.crs.part";
+        QTest::newRow("geometry, no images") << QString() << "gone.crs00000.crs.part";
+    }
     void unwritableFrameStopsTheSequence() {
+        QFETCH(QString, image);
+        QFETCH(QString, taken);
         toTreeEditMode();
-        DialogScript script;
-        QVERIFY(run(w->ui.actionExport_window_image, script.file("gone.png")));
-        QVERIFY(QDir::current().mkdir("gone.png00001.png")); // a folder takes the name
+        DialogScript script, vertices;
+        if (!image.isEmpty())
+            QVERIFY(run(w->ui.actionExport_window_image, script.file(image)));
+        QVERIFY(
+            run(w->ui.actionExport_current_tree_geometry_as_vertices, vertices.file("gone.crs")));
+        QTRY_VERIFY(QFile::exists("gone.crs"));
+        QVERIFY(QDir::current().mkdir(taken));
+        int open = 0, deepest = 0;
+        catcher->whileShown = [&] {
+            deepest = std::max(deepest, ++open);
+            if (open == 1)
+                QTest::qWait(300);
+            --open;
+        };
         w->ui.actionAnimation_rendering_mode_Sequence_export->trigger();
         w->ui.actionGrow_tree->trigger();
         QTRY_VERIFY(!w->ui.actionAnimation_rendering_mode_Sequence_export->isChecked());
+        QTRY_COMPARE(catcher->lines().size(), size_t(1));
         w->ui.actionGrow_tree->trigger();
+        catcher->whileShown = nullptr;
+        QCOMPARE(deepest, 1);
         QCOMPARE(catcher->lines().size(), size_t(1));
         QVERIFY(QString::fromStdString(catcher->lines()[0]).startsWith("Error: Could not write"));
         QCOMPARE(w->timeKeeper->animationFrameNumber, 0);
         QVERIFY(w->fileHandler->lastFileNameImage.isEmpty());
+        QVERIFY(w->fileHandler->lastFileNameVertex.isEmpty());
     }
 
     // The custom-resolution image: the view's field of view stretched to the
@@ -323,6 +371,35 @@ private slots:
         QVERIFY(imagecompare::meanAbsoluteDifference(big, scaled) < 12.0);
         view()->updateGL();
         QCOMPARE(imagecompare::differingPixels(view()->grabFrameBuffer(), before), 0);
+
+        // Events are handled between the tiles (the progress dialog does): no
+        // simulation step or camera glide moves the scene on meanwhile, and no
+        // tile adds a point to the statistics; after, the scene goes on.
+        scene()->setLupaMinX(44);
+        scene()->setLupaMaxX(50);
+        scene()->setLupaMinY(44);
+        scene()->setLupaMaxY(50);
+        const int& step = scene()->ecosystemSimulation->simulationStepNr;
+        const ecosystem::render::Camera& camera = *scene()->getCurrentCamera();
+        const std::vector<int>& points = scene()->getEntitiesStatistics()->korakiUpodobitev;
+        w->ui.actionRun_simulation->trigger();
+        QTRY_VERIFY(step > 1);
+        w->ui.actionMove_forward_more->trigger();
+        QList<QList<double>> seen;
+        QVERIFY(!view()
+                     ->renderPixmap(320, 200, 64,
+                                    [&](int, int) {
+                                        QTest::qWait(20);
+                                        seen << QList<double>{double(step), camera.x, camera.z,
+                                                              double(points.size())};
+                                        return true;
+                                    })
+                     .isNull());
+        QTRY_VERIFY(step > seen.first()[0]);
+        w->ui.actionRun_simulation->trigger();
+        QCOMPARE(seen.size(), 20);
+        for (const QList<double>& tile : seen)
+            QCOMPARE(tile, seen.first());
     }
 
     void treeExportsThroughTheMenu() {
@@ -487,6 +564,13 @@ private slots:
         QVERIFY(run(w->ui.actionLoad_simulation, open.file("a.sim")));
         QCOMPARE(repaint.count(), 1);
         QCOMPARE(scene()->ecosystemSimulation->simulationStepNr, saved);
+
+        // Every trigger switches autosaving on, and its tick stays.
+        for (int i = 0; i < 2; ++i) {
+            w->ui.actionAutosave_simulation->trigger();
+            QVERIFY(w->ui.actionAutosave_simulation->isChecked());
+        }
+        QCOMPARE(scene()->autoSaveSimulationStepNr, 30);
     }
 };
 
