@@ -103,10 +103,6 @@ void MainWindow::bindFileHandler() {
          {ui.actionLoad_simulation, &F::actionLoad_simulation},
          {ui.actionSave_simulation, &F::actionSave_simulation},
          {ui.actionAutosave_simulation, &F::actionAutosave_simulation}});
-    // Autosaving, once on, stays on: a second trigger would untick the check
-    // action while the scene still saves.
-    connect(ui.actionAutosave_simulation, &QAction::triggered, this,
-            [this] { ui.actionAutosave_simulation->setChecked(true); });
     // A frame that cannot be written ends the sequence export, and its tick with it.
     connect(fileHandler, &FileHandler::sequenceFrameFailed, this, [this] {
         if (ui.actionAnimation_rendering_mode_Sequence_export->isChecked())
