@@ -15,8 +15,6 @@
 #include <algorithm>
 #include <cassert>
 #include <iostream>
-#include <locale>
-#include <sstream>
 
 namespace ecosystem {
 
@@ -359,24 +357,36 @@ void CEcosystemSimulation::saveStatistics(int casOstalo, int casDodajal, int cas
 // ---- simulation file ----
 
 namespace {
-// Written to a temporary file that replaces the old one only when complete.
-bool zapisiCelo(const std::string& fileName, const std::string& besedilo) {
+// Written, a piece at a time, to a temporary file that replaces the old one
+// only when complete.
+template <typename Vsebina> bool zapisiCelo(const std::string& fileName, const Vsebina& vsebina) {
     QSaveFile datoteka(QString::fromStdString(fileName));
-    return datoteka.open(QIODevice::WriteOnly) &&
-           datoteka.write(besedilo.data(), qint64(besedilo.size())) == qint64(besedilo.size()) &&
-           datoteka.commit();
+    if (!datoteka.open(QIODevice::WriteOnly))
+        return false;
+    CSimulationFile::Pisanje pisanje(datoteka);
+    vsebina(pisanje);
+    return pisanje.odlozi(true) && datoteka.commit();
 }
 } // namespace
 
 void CEcosystemSimulation::saveSimulation(const std::string& fileName) {
-    std::ostringstream izhod;
-    izhod.imbue(std::locale::classic());
+    if (!zapisiCelo(fileName, [this](CSimulationFile::Pisanje& p) { zapisiSimulacijo(p); })) {
+        sporociNapako(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation",
+                                        "Could not save simulation file."));
+        return;
+    }
+    std::cout << "Simulation @ step " << simulationStepNr << "successfouly saved" << std::endl;
+}
+
+void CEcosystemSimulation::zapisiSimulacijo(CSimulationFile::Pisanje& p) {
+    std::ostream& izhod = p.izhod();
     izhod << simulationStepNr << '\n' << rastlinskeVrste.size() << '\n';
     for (const CVrstaRastlin& vrsta : rastlinskeVrste) {
         izhod << vrsta.ziviPrimerkiTeVrste.size() << '\n';
         for (const CRastlina& rastlina : vrsta.ziviPrimerkiTeVrste) {
             CSimulationFile::zapisiRastlino(izhod, rastlina);
             izhod << '\n';
+            p.odlozi();
         }
     }
     for (const CVrstaRastlin& vrsta : rastlinskeVrste)
@@ -386,13 +396,6 @@ void CEcosystemSimulation::saveSimulation(const std::string& fileName) {
     izhod << '\n'
           << terrainData->lupaXmin << '\t' << terrainData->lupaXmax << '\t' << terrainData->lupaYmin
           << '\t' << terrainData->lupaYmax << '\n';
-
-    if (!zapisiCelo(fileName, izhod.str())) {
-        sporociNapako(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation",
-                                        "Could not save simulation file."));
-        return;
-    }
-    std::cout << "Simulation @ step " << simulationStepNr << "successfouly saved" << std::endl;
 }
 
 void CEcosystemSimulation::loadSimulation(const std::string& filename) {
@@ -472,7 +475,9 @@ CRastlina& CEcosystemSimulation::obnoviRastlino(CVrstaRastlin& vrsta,
 // ---- exact state ----
 
 bool CEcosystemSimulation::saveState(const std::string& fileName, const std::string& terrainName) {
-    if (zapisiCelo(fileName, CSimulationState::besedilo(*this, terrainName)))
+    if (zapisiCelo(fileName, [&](CSimulationFile::Pisanje& p) {
+            CSimulationState::zapisi(p, *this, terrainName);
+        }))
         return true;
     sporociNapako(
         QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation", "Could not save the state file."));

@@ -89,6 +89,7 @@ public:
     static bool umreSedaj(simulationEntities::CRastlina& rastlina);
 
 private:
+    void zapisiSimulacijo(CSimulationFile::Pisanje& p);
     void prevzemiSimulacijo(const CSimulationFile& vsebina);
     simulationEntities::CRastlina& obnoviRastlino(simulationEntities::CVrstaRastlin& vrsta,
                                                   const CSimulationFile::Rastlina& r);

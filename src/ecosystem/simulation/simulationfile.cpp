@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cfloat>
 #include <cmath>
+#include <locale>
 #include <ostream>
 
 namespace ecosystem {
@@ -94,6 +95,20 @@ bool CSimulationFile::Branje::napaka(const QString& besedilo) {
 
 int CSimulationFile::Branje::vrstica() const {
     return f.vrstica();
+}
+
+CSimulationFile::Pisanje::Pisanje(QIODevice& naprava) : naprava(naprava) {
+    kos.imbue(std::locale::classic());
+}
+
+bool CSimulationFile::Pisanje::odlozi(bool vse) {
+    if (!vse && kos.tellp() < (1 << 20))
+        return zapisano;
+    const std::string besedilo = kos.str();
+    kos.str(std::string());
+    zapisano = zapisano &&
+               naprava.write(besedilo.data(), qint64(besedilo.size())) == qint64(besedilo.size());
+    return zapisano;
 }
 
 void CSimulationFile::zapisiRastlino(std::ostream& izhod, const simulationEntities::CRastlina& r) {

@@ -2,9 +2,11 @@
 
 #include <QString>
 
-#include <iosfwd>
+#include <sstream>
 #include <string>
 #include <vector>
+
+class QIODevice;
 
 namespace arbo {
 class BralecStevil;
@@ -47,6 +49,22 @@ public:
     };
 
     enum class Izid { Prebrano, NiOdprta, NapacnoSteviloVrst, Pokvarjena };
+
+    // Text for a device, handed over a piece at a time so that the memory held
+    // does not grow with the file. Numbers in the classic notation.
+    class Pisanje {
+    public:
+        explicit Pisanje(QIODevice& naprava);
+        std::ostream& izhod() { return kos; }
+        // Hands over what has gathered once it is large, or all of it; false
+        // once a write failed.
+        bool odlozi(bool vse = false);
+
+    private:
+        QIODevice& naprava;
+        std::ostringstream kos;
+        bool zapisano = true;
+    };
 
     // Reads one value after another and keeps, for the first that is missing,
     // malformed or out of range, its line and what is wrong with it (in the

@@ -12,8 +12,6 @@
 #include <cstring>
 #include <iterator>
 #include <limits>
-#include <locale>
-#include <sstream>
 
 namespace ecosystem {
 
@@ -56,10 +54,10 @@ unsigned long long CSimulationState::vsota(const data::CTerrainData& teren) {
     return v;
 }
 
-std::string CSimulationState::besedilo(CEcosystemSimulation& s, const std::string& imeTerena) {
+void CSimulationState::zapisi(CSimulationFile::Pisanje& p, CEcosystemSimulation& s,
+                              const std::string& imeTerena) {
     const data::CTerrainData& t = *s.terrainData;
-    std::ostringstream o;
-    o.imbue(std::locale::classic());
+    std::ostream& o = p.izhod();
     o.precision(std::numeric_limits<float>::max_digits10);
     std::string ime = imeTerena.substr(0, najdaljseIme);
     std::replace(ime.begin(), ime.end(), '\n', ' ');
@@ -71,6 +69,7 @@ std::string CSimulationState::besedilo(CEcosystemSimulation& s, const std::strin
         for (const CRastlina& r : vrsta.ziviPrimerkiTeVrste) {
             CSimulationFile::zapisiRastlino(o, r);
             o << '\t' << (r.jeDominirana ? 1 : 0) << '\n';
+            p.odlozi();
         }
         prihajajoce.push_back(vrsta.komulacijaPrihajajocihRastlin);
         semena.push_back(vrsta.komulacijaSemen);
@@ -84,7 +83,6 @@ std::string CSimulationState::besedilo(CEcosystemSimulation& s, const std::strin
     const statistics::CEntitiesStatistics& st = s.entitiesStatistics;
     o << CRastlina::lastID << '\t' << st.umrliZaradiDominiranosti << '\t' << st.umrliOstalo << '\t'
       << st.umrliSkupaj << '\n';
-    return o.str();
 }
 
 // Only a regular file is read, a piece at a time (see CSimulationFile).

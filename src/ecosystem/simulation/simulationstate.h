@@ -55,7 +55,8 @@ public:
     // Checksum of the grid size and every height point of a terrain.
     static unsigned long long vsota(const data::CTerrainData& teren);
     // The state file of a simulation on its terrain, named imeTerena.
-    static std::string besedilo(CEcosystemSimulation& simulacija, const std::string& imeTerena);
+    static void zapisi(CSimulationFile::Pisanje& p, CEcosystemSimulation& simulacija,
+                       const std::string& imeTerena);
 
     // Reads fileName; accepted only when written on this terrain, with
     // stVrst species and every value within the limits of a simulation
