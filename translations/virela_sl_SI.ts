@@ -765,10 +765,6 @@
         <translation>--dem potrebuje ime datoteke.</translation>
     </message>
     <message>
-        <source>--load needs a file name.</source>
-        <translation>--load potrebuje ime datoteke.</translation>
-    </message>
-    <message>
         <source>--area needs four whole numbers FIRST_COLUMN,LAST_COLUMN,FIRST_ROW,LAST_ROW with first &lt;= last, not &apos;%1&apos;.</source>
         <translation>--area potrebuje štiri cela števila PRVI_STOLPEC,ZADNJI_STOLPEC,PRVA_VRSTICA,ZADNJA_VRSTICA s prvim &lt;= zadnjim, ne &apos;%1&apos;.</translation>
     </message>
@@ -779,6 +775,26 @@
     <message>
         <source>--snapshot-every needs a whole number of steps from 1 up, not &apos;%1&apos;.</source>
         <translation>--snapshot-every potrebuje celo število korakov od 1 navzgor, ne &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>--load and --resume need a file name.</source>
+        <translation>--load in --resume potrebujeta ime datoteke.</translation>
+    </message>
+    <message>
+        <source>--out names the folder of the snapshots: give --snapshot-every K too.</source>
+        <translation>--out poimenuje mapo posnetkov: podaj tudi --snapshot-every K.</translation>
+    </message>
+    <message>
+        <source>Give either --load or --resume, not both.</source>
+        <translation>Podaj bodisi --load bodisi --resume, ne obojega.</translation>
+    </message>
+    <message>
+        <source>--resume continues with the seeds and the plant area of its state: leave out --seeds, --seed and --area.</source>
+        <translation>--resume nadaljuje s semeni in območjem rastlin svojega stanja: izpusti --seeds, --seed in --area.</translation>
+    </message>
+    <message>
+        <source>Two outputs would be written to the same file %1.</source>
+        <translation>Dva izhoda bi se zapisala v isto datoteko %1.</translation>
     </message>
     <message>
         <source>Usage: virela-sim [options]
@@ -792,6 +808,11 @@ Start:
                        continues one (the file keeps six digits, and not which
                        plants were dominated nor the last step&apos;s seed count, so
                        the continuation is not the saved run&apos;s own)
+  --resume FILE        continue exactly from the state file (.sim.state) that
+                       virela-sim writes beside every .sim: the same steps as if
+                       the run had not stopped. Give the same terrain (--dem) as
+                       the run that wrote it; its seeds and plant area come
+                       with it (not with --load, --seeds, --seed or --area)
   --area X0,X1,Y0,Y1   plant area: grid columns X0 to X1 and rows Y0 to Y1
                        (default 25,75,25,75; a loaded simulation brings its own)
   --seeds S1,...,S13   the thirteen random stream seeds (default 1,2,...,13;
@@ -807,6 +828,8 @@ Output (missing folders are made; with a bad input nothing is written):
   --snapshot-every K   save the simulation as &lt;step&gt;.sim after every K-th step
   --out DIR            folder of the snapshots (default: the working folder)
   --save FILE          save the final state
+                       Beside every .sim goes its exact state, &lt;name&gt;.sim.state,
+                       for --resume.
   --help               show this help
   --version            show the version and the source revision
 
@@ -814,12 +837,14 @@ Standard output carries the window program&apos;s lines: one statistics line per
 step, save and load confirmations. Standard error shows a progress line when it
 is a terminal, and a summary at the end. Ctrl+C stops after the current step
 and leaves complete files.
-Exit status: 0 done, 1 an output could not be written, 2 bad input, 128 + the
-signal number when interrupted.
+Exit status: 0 done, 1 an output (standard output too) could not be written,
+2 bad input, 128 + the signal number when interrupted.
 
-Example:
+Examples:
   virela-sim --steps 100 --seed 3 --dem my.dmr --csv runs/3.csv \
              --snapshot-every 30 --out runs/3 --save runs/3/final.sim
+  virela-sim --resume runs/3/60.sim.state --dem my.dmr --steps 40 \
+             --csv runs/3-rest.csv --save runs/3/final.sim
 </source>
         <translation>Uporaba: virela-sim [možnosti]
 Požene simulacijo ekosistema Virele brez okna: isti koraki, iste vrstice
@@ -833,6 +858,11 @@ Začetek:
                        katere rastline so bile dominirane, niti števila semen
                        zadnjega koraka, zato nadaljevanje ni tek, ki jo je
                        shranil)
+  --resume FILE        nadaljuj natanko iz datoteke stanja (.sim.state), ki jo
+                       virela-sim zapiše poleg vsake .sim: isti koraki, kot da
+                       se tek ne bi ustavil. Podaj isti teren (--dem) kot tek,
+                       ki jo je zapisal; semena in območje rastlin prinese
+                       sama (ne z --load, --seeds, --seed ali --area)
   --area X0,X1,Y0,Y1   območje rastlin: stolpci mreže od X0 do X1 in vrstice od
                        Y0 do Y1 (privzeto 25,75,25,75; naložena simulacija
                        prinese svoje)
@@ -849,6 +879,8 @@ Izhod (manjkajoče mape se ustvarijo; ob slabem vhodu se ne zapiše nič):
   --snapshot-every K   shrani simulacijo kot &lt;korak&gt;.sim po vsakem K-tem koraku
   --out DIR            mapa posnetkov (privzeto: delovna mapa)
   --save FILE          shrani končno stanje
+                       Poleg vsake .sim gre njeno natančno stanje,
+                       &lt;ime&gt;.sim.state, za --resume.
   --help               pokaži to pomoč
   --version            pokaži različico in revizijo izvorne kode
 
@@ -856,12 +888,14 @@ Standardni izhod nosi vrstice okenskega programa: eno vrstico statistike na
 korak ter potrditve shranjevanja in nalaganja. Standardni izhod za napake kaže
 vrstico napredka, kadar je terminal, in povzetek na koncu. Ctrl+C ustavi po
 trenutnem koraku in pusti cele datoteke.
-Izhodni status: 0 končano, 1 izhoda ni bilo mogoče zapisati, 2 slab vhod,
-128 + številka signala ob prekinitvi.
+Izhodni status: 0 končano, 1 izhoda (tudi standardnega) ni bilo mogoče zapisati,
+2 slab vhod, 128 + številka signala ob prekinitvi.
 
-Primer:
+Primera:
   virela-sim --steps 100 --seed 3 --dem my.dmr --csv runs/3.csv \
              --snapshot-every 30 --out runs/3 --save runs/3/final.sim
+  virela-sim --resume runs/3/60.sim.state --dem my.dmr --steps 40 \
+             --csv runs/3-rest.csv --save runs/3/final.sim
 </translation>
     </message>
 </context>
@@ -894,10 +928,6 @@ Primer:
     <message>
         <source>The plant area %1,%2,%3,%4 reaches past the %5 x %6 grid.</source>
         <translation>Območje rastlin %1,%2,%3,%4 sega čez mrežo %5 x %6.</translation>
-    </message>
-    <message>
-        <source>The plant area %1,%2,%3,%4 has no dry cell to sow plants on.</source>
-        <translation>Območje rastlin %1,%2,%3,%4 nima suhe celice, kamor bi sejali rastline.</translation>
     </message>
     <message>
         <source>%1 is a folder, not a file.</source>
@@ -934,6 +964,18 @@ Primer:
     <message>
         <source>Steps %1 to %2 in %3 (%4 steps/s); %5 plants living at the end, at most %6 after step %7.</source>
         <translation>Koraki od %1 do %2 v %3 (%4 korakov/s); na koncu živih rastlin: %5, največ %6 po koraku %7.</translation>
+    </message>
+    <message>
+        <source>Could not write to standard output.</source>
+        <translation>Na standardni izhod ni bilo mogoče pisati.</translation>
+    </message>
+    <message>
+        <source>note: %1</source>
+        <translation>opomba: %1</translation>
+    </message>
+    <message>
+        <source>Could not continue from %1: %2</source>
+        <translation>Iz %1 ni bilo mogoče nadaljevati: %2</translation>
     </message>
 </context>
 <context>
@@ -1053,6 +1095,22 @@ Primer:
         <source>The plant area has no dry land: no plant can be sown anywhere on it. New plants grow only beside the existing ones.</source>
         <translation>Območje rastlin nima suhega kopnega: nikamor nanj ni mogoče posejati rastline. Nove rastline rastejo le ob obstoječih.</translation>
     </message>
+    <message>
+        <source>Could not save the state file.</source>
+        <translation>Datoteke stanja ni bilo mogoče shraniti.</translation>
+    </message>
+    <message>
+        <source>Could not open the state file.</source>
+        <translation>Datoteke stanja ni bilo mogoče odpreti.</translation>
+    </message>
+    <message>
+        <source>The state file was saved on another terrain:</source>
+        <translation>Datoteka stanja je bila shranjena na drugem terenu:</translation>
+    </message>
+    <message>
+        <source>The state file is damaged.</source>
+        <translation>Datoteka stanja je poškodovana.</translation>
+    </message>
 </context>
 <context>
     <name>ecosystem::CSimulationFile</name>
@@ -1163,6 +1221,45 @@ Primer:
     <message>
         <source>Line %1: the plant area, columns %2 to %3 and rows %4 to %5, does not fit the grid of %6 x %7 points.</source>
         <translation>Vrstica %1: območje rastlin, stolpci od %2 do %3 in vrstice od %4 do %5, ne leži v mreži %6 x %7 točk.</translation>
+    </message>
+    <message>
+        <source>grid size</source>
+        <translation>velikost mreže</translation>
+    </message>
+    <message>
+        <source>checksum of the terrain</source>
+        <translation>kontrolna vsota terena</translation>
+    </message>
+    <message>
+        <source>dominated flag</source>
+        <translation>oznaka dominiranosti</translation>
+    </message>
+    <message>
+        <source>seed count</source>
+        <translation>število semen</translation>
+    </message>
+    <message>
+        <source>count</source>
+        <translation>števec</translation>
+    </message>
+    <message>
+        <source>dry-land flag</source>
+        <translation>oznaka suhega kopnega</translation>
+    </message>
+</context>
+<context>
+    <name>ecosystem::CSimulationState</name>
+    <message>
+        <source>Line %1: more follows the last value.</source>
+        <translation>Vrstica %1: za zadnjo vrednostjo sledi še kaj.</translation>
+    </message>
+    <message>
+        <source>Line 1: this is not a state file of virela-sim.</source>
+        <translation>Vrstica 1: to ni datoteka stanja programa virela-sim.</translation>
+    </message>
+    <message>
+        <source>Line 2: no name of the terrain.</source>
+        <translation>Vrstica 2: ni imena terena.</translation>
     </message>
 </context>
 <context>

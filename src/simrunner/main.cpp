@@ -18,6 +18,17 @@ int fail(const QString& error) {
     return badInput;
 }
 
+// Status 1 when standard output cannot take the text (a full disk).
+int print(const QString& text) {
+    std::fputs(text.toLocal8Bit().constData(), stdout);
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return 0;
+    std::cerr << "virela-sim: "
+              << simrunner::SimulationRun::tr("Could not write to standard output.").toStdString()
+              << std::endl;
+    return 1;
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -30,17 +41,13 @@ int main(int argc, char* argv[]) {
     QString error;
     if (!options.parse(app.arguments().mid(1), error))
         return fail(error);
-    if (options.help) {
-        std::fputs(simrunner::RunOptions::helpText().toLocal8Bit().constData(), stdout);
-        return 0;
-    }
-    if (options.version) {
-        std::printf("%s\n", simrunner::RunOptions::versionText().toLocal8Bit().constData());
-        return 0;
-    }
+    if (options.help)
+        return print(simrunner::RunOptions::helpText());
+    if (options.version)
+        return print(simrunner::RunOptions::versionText() + '\n');
 
     simrunner::SimulationRun run(options);
-    if (!run.prepare(error))
+    if (!run.checkOutputs(error) || !run.prepare(error))
         return fail(error);
     simrunner::SimulationRun::catchInterruptions();
     if (!run.openOutputs(error))

@@ -3,6 +3,8 @@
 #include "sourcerevision.h"
 
 #include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 #include <limits>
@@ -43,6 +45,19 @@ bool parseCount(const QString& text, int lowest, int& value) {
     return true;
 }
 
+QString absolute(const QString& file) {
+    return QDir::cleanPath(QDir::current().absoluteFilePath(file));
+}
+
+// A file that a snapshot every period steps into folder may be written to.
+bool isSnapshotName(const QString& file, const QString& folder, int period) {
+    static const QRegularExpression name("^([1-9][0-9]{0,9})\\.sim(\\.state)?$");
+    const QFileInfo info(absolute(file));
+    const QRegularExpressionMatch match = name.match(info.fileName());
+    return period > 0 && info.path() == absolute(folder) && match.hasMatch() &&
+           match.captured(1).toLongLong() % period == 0;
+}
+
 } // namespace
 
 bool RunOptions::parse(const QStringList& arguments, QString& error) {
@@ -50,10 +65,12 @@ bool RunOptions::parse(const QStringList& arguments, QString& error) {
     const QCommandLineOption helpOption(QStringList{"h", "help"}), versionOption("version");
     const QCommandLineOption stepsOption("steps", {}, "N"), seedsOption("seeds", {}, "LIST"),
         seedOption("seed", {}, "N"), demOption("dem", {}, "FILE"), loadOption("load", {}, "FILE"),
-        areaOption("area", {}, "LIST"), csvOption("csv", {}, "FILE"), outOption("out", {}, "DIR"),
+        resumeOption("resume", {}, "FILE"), areaOption("area", {}, "LIST"),
+        csvOption("csv", {}, "FILE"), outOption("out", {}, "DIR"),
         snapshotOption("snapshot-every", {}, "K"), saveOption("save", {}, "FILE");
     parser.addOptions({helpOption, versionOption, stepsOption, seedsOption, seedOption, demOption,
-                       loadOption, areaOption, csvOption, outOption, snapshotOption, saveOption});
+                       loadOption, resumeOption, areaOption, csvOption, outOption, snapshotOption,
+                       saveOption});
     if (!parser.parse(QStringList{"virela-sim"} + arguments)) {
         error = parser.errorText() + ' ' + tr("See virela-sim --help.");
         return false;
@@ -94,12 +111,14 @@ bool RunOptions::parse(const QStringList& arguments, QString& error) {
     }
     demFile = parser.value(demOption);
     loadFile = parser.value(loadOption);
+    resumeFile = parser.value(resumeOption);
     if (parser.isSet(demOption) && demFile.isEmpty()) {
         error = tr("--dem needs a file name.");
         return false;
     }
-    if (parser.isSet(loadOption) && loadFile.isEmpty()) {
-        error = tr("--load needs a file name.");
+    if ((parser.isSet(loadOption) && loadFile.isEmpty()) ||
+        (parser.isSet(resumeOption) && resumeFile.isEmpty())) {
+        error = tr("--load and --resume need a file name.");
         return false;
     }
     areaGiven = parser.isSet(areaOption);
@@ -134,6 +153,45 @@ bool RunOptions::parse(const QStringList& arguments, QString& error) {
                     .arg(parser.value(snapshotOption));
         return false;
     }
+    if (parser.isSet(outOption) && snapshotEvery == 0) {
+        error = tr("--out names the folder of the snapshots: give --snapshot-every K too.");
+        return false;
+    }
+    return checkStart(error) && checkOutputNames(error);
+}
+
+// An exact continuation brings its own seeds and plant area.
+bool RunOptions::checkStart(QString& error) const {
+    if (resumeFile.isEmpty())
+        return true;
+    if (!loadFile.isEmpty()) {
+        error = tr("Give either --load or --resume, not both.");
+        return false;
+    }
+    if (!seeds.empty() || areaGiven) {
+        error = tr("--resume continues with the seeds and the plant area of its state: leave out "
+                   "--seeds, --seed and --area.");
+        return false;
+    }
+    return true;
+}
+
+// Two outputs of one name would overwrite each other.
+bool RunOptions::checkOutputNames(QString& error) const {
+    QStringList files;
+    if (!csvFile.isEmpty())
+        files << csvFile;
+    if (!saveFile.isEmpty())
+        files << saveFile << stateFileOf(saveFile);
+    for (int i = 0; i < files.size(); ++i) {
+        bool twice = isSnapshotName(files[i], outFolder, snapshotEvery);
+        for (int j = i + 1; j < files.size(); ++j)
+            twice = twice || absolute(files[i]) == absolute(files[j]);
+        if (twice) {
+            error = tr("Two outputs would be written to the same file %1.").arg(files[i]);
+            return false;
+        }
+    }
     return true;
 }
 
@@ -150,6 +208,11 @@ QString RunOptions::helpText() {
               "                       continues one (the file keeps six digits, and not which\n"
               "                       plants were dominated nor the last step's seed count, so\n"
               "                       the continuation is not the saved run's own)\n"
+              "  --resume FILE        continue exactly from the state file (.sim.state) that\n"
+              "                       virela-sim writes beside every .sim: the same steps as if\n"
+              "                       the run had not stopped. Give the same terrain (--dem) as\n"
+              "                       the run that wrote it; its seeds and plant area come\n"
+              "                       with it (not with --load, --seeds, --seed or --area)\n"
               "  --area X0,X1,Y0,Y1   plant area: grid columns X0 to X1 and rows Y0 to Y1\n"
               "                       (default 25,75,25,75; a loaded simulation brings its own)\n"
               "  --seeds S1,...,S13   the thirteen random stream seeds (default 1,2,...,13;\n"
@@ -165,6 +228,8 @@ QString RunOptions::helpText() {
               "  --snapshot-every K   save the simulation as <step>.sim after every K-th step\n"
               "  --out DIR            folder of the snapshots (default: the working folder)\n"
               "  --save FILE          save the final state\n"
+              "                       Beside every .sim goes its exact state, <name>.sim.state,\n"
+              "                       for --resume.\n"
               "  --help               show this help\n"
               "  --version            show the version and the source revision\n"
               "\n"
@@ -172,12 +237,14 @@ QString RunOptions::helpText() {
               "step, save and load confirmations. Standard error shows a progress line when it\n"
               "is a terminal, and a summary at the end. Ctrl+C stops after the current step\n"
               "and leaves complete files.\n"
-              "Exit status: 0 done, 1 an output could not be written, 2 bad input, 128 + the\n"
-              "signal number when interrupted.\n"
+              "Exit status: 0 done, 1 an output (standard output too) could not be written,\n"
+              "2 bad input, 128 + the signal number when interrupted.\n"
               "\n"
-              "Example:\n"
+              "Examples:\n"
               "  virela-sim --steps 100 --seed 3 --dem my.dmr --csv runs/3.csv \\\n"
-              "             --snapshot-every 30 --out runs/3 --save runs/3/final.sim\n");
+              "             --snapshot-every 30 --out runs/3 --save runs/3/final.sim\n"
+              "  virela-sim --resume runs/3/60.sim.state --dem my.dmr --steps 40 \\\n"
+              "             --csv runs/3-rest.csv --save runs/3/final.sim\n");
     // clang-format on
 }
 

@@ -18,6 +18,7 @@ public:
     std::vector<unsigned long long> seeds; // the thirteen streams; empty: the program's own
     QString demFile;                       // empty: the compiled-in landscape
     QString loadFile;                      // a saved simulation to continue
+    QString resumeFile;                    // an exact state to continue
     bool areaGiven = false;
     int area[4] = {0, 0, 0, 0}; // plant area: first and last column, first and last row
     QString csvFile;
@@ -29,9 +30,16 @@ public:
     // false with one line saying what is wrong.
     bool parse(const QStringList& arguments, QString& error);
 
+    // Where the exact state of a simulation file goes: beside it.
+    static QString stateFileOf(const QString& simFile) { return simFile + ".state"; }
+
     static QString helpText();
     static QString versionText();
     static QString sourceRevision();
+
+private:
+    bool checkStart(QString& error) const;
+    bool checkOutputNames(QString& error) const;
 };
 
 } // namespace simrunner

@@ -94,6 +94,27 @@ QString SimulationRun::takeMessages() {
     return texts.join(' ');
 }
 
+// What the layers below said so far is no failure: a note for standard error.
+void SimulationRun::keepAsNotes() {
+    for (const std::string& text : messages)
+        notes << QString::fromStdString(text).simplified();
+    messages.clear();
+}
+
+void SimulationRun::passOnNotes() {
+    keepAsNotes();
+    if (notes.isEmpty())
+        return;
+    progress.clear();
+    for (const QString& note : notes)
+        std::cerr << "virela-sim: " << tr("note: %1").arg(note).toStdString() << std::endl;
+    notes.clear();
+}
+
+QString SimulationRun::terrainName() const {
+    return options.demFile.isEmpty() ? QString("compiled-in landscape") : options.demFile;
+}
+
 void SimulationRun::catchInterruptions() {
     struct sigaction action {};
     action.sa_handler = onInterrupt;
@@ -109,25 +130,38 @@ void SimulationRun::catchInterruptions() {
 
 // ---- inputs ----
 
+namespace {
+// Standard output goes into text while it lives.
+class HeldOutput {
+public:
+    explicit HeldOutput(std::string& text) : text(text), before(std::cout.rdbuf(held.rdbuf())) {}
+    ~HeldOutput() {
+        std::cout.rdbuf(before);
+        text += held.str();
+    }
+    HeldOutput(const HeldOutput&) = delete;
+    HeldOutput& operator=(const HeldOutput&) = delete;
+
+private:
+    std::string& text;
+    std::ostringstream held;
+    std::streambuf* before;
+};
+} // namespace
+
+// The window program's lines (a load's confirmation) wait until every input
+// has been accepted: a refused run prints nothing on standard output.
 bool SimulationRun::prepare(QString& error) {
+    const HeldOutput held(heldOutput);
     terrain = std::make_unique<CTerrainData>();
     simulation = std::make_unique<CEcosystemSimulation>();
     simulation->setTerrainData(*terrain);
-    if (!loadTerrain(error))
+    if (!loadTerrain(error) || !checkArea(error))
         return false;
-    // The vegetation and the layers, as the window program's first step makes
-    // them. The window program loads a file only into a simulation that has
-    // run, so before a load one step is taken silently, as F5 pressed once: the
-    // load replaces its plants and streams, and the seed count its growth left
-    // (the same after any of the first three steps) is what the window
-    // program's first step after the load sows from.
-    if (options.loadFile.isEmpty())
-        simulation->zagotoviInicializiranostSimulacije();
-    else
-        simulation->simulateNextStep();
-    progress.clear();
-    if (!loadSimulation(error) || !applyAreaAndSeeds(error))
+    startSimulation();
+    if (!loadSimulation(error) || !resumeState(error))
         return false;
+    applyAreaAndSeeds();
     firstStep = simulation->simulationStepNr + 1;
     startSeeds = simulation->getRandomGeneratorSeeds();
     return true;
@@ -136,14 +170,44 @@ bool SimulationRun::prepare(QString& error) {
 bool SimulationRun::loadTerrain(QString& error) {
     if (options.demFile.isEmpty())
         return true;
-    terrain->reloadDMR(QFile::encodeName(options.demFile).constData());
+    const bool loaded = terrain->reloadDMR(QFile::encodeName(options.demFile).constData());
     progress.clear();
-    const QString told = takeMessages();
-    if (!told.isEmpty()) {
-        error = tr("Could not use the DEM file %1: %2").arg(options.demFile, told);
-        return false;
+    if (loaded) {
+        keepAsNotes();
+        return true;
     }
-    return true;
+    error = tr("Could not use the DEM file %1: %2").arg(options.demFile, takeMessages());
+    return false;
+}
+
+bool SimulationRun::checkArea(QString& error) const {
+    const CTerrainData& t = *terrain;
+    if (!options.areaGiven || (options.area[1] < t.stTockX && options.area[3] < t.stTockY))
+        return true;
+    error = tr("The plant area %1,%2,%3,%4 reaches past the %5 x %6 grid.")
+                .arg(options.area[0])
+                .arg(options.area[1])
+                .arg(options.area[2])
+                .arg(options.area[3])
+                .arg(t.stTockX)
+                .arg(t.stTockY);
+    return false;
+}
+
+// The vegetation and the layers, as the window program's first step makes
+// them. The window program loads a file only into a simulation that has run,
+// so before a load one step is taken silently, as F5 pressed once: the load
+// replaces its plants and streams, and the seed count its growth left (the
+// same after any of the first three steps) is what the window program's first
+// step after the load sows from. What that step says (that the plant area has
+// no dry land) is a note for when the run starts.
+void SimulationRun::startSimulation() {
+    if (options.loadFile.isEmpty())
+        simulation->zagotoviInicializiranostSimulacije();
+    else
+        simulation->simulateNextStep();
+    progress.clear();
+    keepAsNotes();
 }
 
 bool SimulationRun::loadSimulation(QString& error) {
@@ -165,19 +229,18 @@ bool SimulationRun::loadSimulation(QString& error) {
     return true;
 }
 
-bool SimulationRun::applyAreaAndSeeds(QString& error) {
+bool SimulationRun::resumeState(QString& error) {
+    if (options.resumeFile.isEmpty() || simulation->loadState(options.resumeFile.toStdString()))
+        return true;
+    error = tr("Could not continue from %1: %2").arg(options.resumeFile, takeMessages());
+    return false;
+}
+
+// A plant area without dry land is no mistake: the simulation sows only
+// beside existing plants there, and says so once.
+void SimulationRun::applyAreaAndSeeds() {
     CTerrainData& t = *terrain;
     if (options.areaGiven) {
-        if (options.area[1] >= t.stTockX || options.area[3] >= t.stTockY) {
-            error = tr("The plant area %1,%2,%3,%4 reaches past the %5 x %6 grid.")
-                        .arg(options.area[0])
-                        .arg(options.area[1])
-                        .arg(options.area[2])
-                        .arg(options.area[3])
-                        .arg(t.stTockX)
-                        .arg(t.stTockY);
-            return false;
-        }
         // As the plant-area editor of the window program sets it.
         t.lupaXmin = options.area[0];
         t.lupaXmax = options.area[1];
@@ -185,72 +248,103 @@ bool SimulationRun::applyAreaAndSeeds(QString& error) {
         t.lupaYmax = options.area[3];
         t.buildNonwaterIndexes();
     }
-    // Plants sown anywhere land on a dry cell of the plant area.
-    if (t.nonWaterIndexes.empty()) {
-        error = tr("The plant area %1,%2,%3,%4 has no dry cell to sow plants on.")
-                    .arg(t.lupaXmin)
-                    .arg(t.lupaXmax)
-                    .arg(t.lupaYmin)
-                    .arg(t.lupaYmax);
-        return false;
-    }
     if (!options.seeds.empty())
         simulation->setRandomGeneratorSeeds(options.seeds);
-    return true;
 }
 
 // ---- outputs ----
 
-bool SimulationRun::openOutputs(QString& error) {
+QStringList SimulationRun::outputFolders() const {
     QStringList folders;
     if (options.snapshotEvery > 0)
         folders << options.outFolder;
-    for (const QString& file : {options.csvFile, options.saveFile}) {
-        if (file.isEmpty())
-            continue;
-        if (QFileInfo(file).isDir()) {
+    for (const QString& file : {options.csvFile, options.saveFile})
+        if (!file.isEmpty())
+            folders << folderOf(file);
+    return folders;
+}
+
+bool SimulationRun::checkOutputs(QString& error) const {
+    QStringList files{options.csvFile, options.saveFile};
+    if (!options.saveFile.isEmpty())
+        files << RunOptions::stateFileOf(options.saveFile);
+    for (const QString& file : files) {
+        if (!file.isEmpty() && QFileInfo(file).isDir()) {
             error = tr("%1 is a folder, not a file.").arg(file);
             return false;
         }
-        folders << folderOf(file);
     }
-    for (const QString& folder : folders) {
+    for (const QString& folder : outputFolders()) {
         if (!canWriteInto(folder)) {
             error = tr("Cannot write into the folder %1.").arg(folder);
             return false;
         }
     }
-    for (const QString& folder : folders) {
-        if (!QDir().mkpath(folder)) {
+    return true;
+}
+
+// All or nothing: when one output cannot be started, the folders made for
+// the others go again.
+bool SimulationRun::openOutputs(QString& error) {
+    for (const QString& folder : outputFolders()) {
+        if (!makeFolder(folder)) {
             error = tr("Cannot make the folder %1.").arg(folder);
+            removeMadeFolders();
             return false;
         }
     }
-    if (options.csvFile.isEmpty())
-        return true;
-    // The table replaces an older one only when it is complete (at the end
-    // of the run, also of an interrupted one).
-    csv = std::make_unique<QSaveFile>(options.csvFile);
-    if (!csv->open(QIODevice::WriteOnly) ||
-        !writeCsv(StatisticsCsv::header(csvComments(), int(simulation->rastlinskeVrste.size())))) {
+    if (!openCsv()) {
         error = tr("Could not write the CSV file %1.").arg(options.csvFile);
-        csv.reset();
+        removeMadeFolders();
         return false;
     }
     return true;
+}
+
+// The folder and the missing ones above it, each remembered once made.
+bool SimulationRun::makeFolder(const QString& folder) {
+    QStringList missing;
+    for (QFileInfo info(QDir::cleanPath(QDir::current().absoluteFilePath(folder)));
+         !info.exists() && !info.isRoot(); info = QFileInfo(info.absolutePath()))
+        missing.prepend(info.absoluteFilePath());
+    for (const QString& path : missing) {
+        if (!QDir().mkdir(path))
+            return false;
+        madeFolders << path;
+    }
+    return true;
+}
+
+void SimulationRun::removeMadeFolders() {
+    while (!madeFolders.isEmpty())
+        QDir().rmdir(madeFolders.takeLast());
+}
+
+// The table replaces an older one only when it is complete (at the end of the
+// run, also of an interrupted one).
+bool SimulationRun::openCsv() {
+    if (options.csvFile.isEmpty())
+        return true;
+    csv = std::make_unique<QSaveFile>(options.csvFile);
+    if (csv->open(QIODevice::WriteOnly) &&
+        writeCsv(StatisticsCsv::header(csvComments(), int(simulation->rastlinskeVrste.size()))))
+        return true;
+    csv.reset();
+    return false;
 }
 
 std::vector<std::string> SimulationRun::csvComments() const {
     const CTerrainData& t = *terrain;
     std::vector<std::string> comments;
     comments.push_back(RunOptions::versionText().toStdString());
-    comments.push_back("terrain: " + (options.demFile.isEmpty()
-                                          ? std::string("compiled-in landscape")
-                                          : options.demFile.toStdString()));
-    comments.push_back("start: " + (options.loadFile.isEmpty()
-                                        ? std::string("new simulation")
-                                        : options.loadFile.toStdString() + " at step " +
-                                              std::to_string(firstStep - 1)));
+    comments.push_back("terrain: " + terrainName().toStdString());
+    const std::string atStep = " at step " + std::to_string(firstStep - 1);
+    if (!options.resumeFile.isEmpty())
+        comments.push_back("start: " + options.resumeFile.toStdString() + atStep + ", exactly");
+    else if (!options.loadFile.isEmpty())
+        comments.push_back("start: " + options.loadFile.toStdString() + atStep);
+    else
+        comments.push_back("start: new simulation");
     comments.push_back(QString("plant area: %1,%2,%3,%4")
                            .arg(t.lupaXmin)
                            .arg(t.lupaXmax)
@@ -272,21 +366,46 @@ void SimulationRun::reportFailure(const QString& text) {
     outputFailed = true;
 }
 
+// Standard output that cannot be written (a full disk) fails the run; a
+// reader that went away (SIGPIPE) interrupts it instead.
+void SimulationRun::checkStandardOutput() {
+    if (std::cout.flush() || caughtSignal == SIGPIPE || outputFailed)
+        return;
+    reportFailure(tr("Could not write to standard output."));
+}
+
+// What the simulation says while it saves is why the save failed: the notes
+// of the step have been passed on before.
 void SimulationRun::saveSnapshot() {
     const std::string written =
         simulation->autoSave(options.snapshotEvery, options.outFolder.toStdString());
+    if (written.empty())
+        return;
+    const QString file = QString::fromStdString(written);
     const QString told = takeMessages();
     if (!told.isEmpty())
-        reportFailure(tr("Could not save %1: %2").arg(QString::fromStdString(written), told));
+        reportFailure(tr("Could not save %1: %2").arg(file, told));
+    else
+        saveStateBeside(file);
 }
 
 void SimulationRun::saveFinalState() {
     if (options.saveFile.isEmpty() || outputFailed)
         return;
+    passOnNotes();
     simulation->saveSimulation(options.saveFile.toStdString());
     const QString told = takeMessages();
     if (!told.isEmpty())
         reportFailure(tr("Could not save %1: %2").arg(options.saveFile, told));
+    else
+        saveStateBeside(options.saveFile);
+}
+
+// Beside every simulation file its exact state, for --resume.
+void SimulationRun::saveStateBeside(const QString& simFile) {
+    const QString stateFile = RunOptions::stateFileOf(simFile);
+    if (!simulation->saveState(stateFile.toStdString(), terrainName().toStdString()))
+        reportFailure(tr("Could not save %1: %2").arg(stateFile, takeMessages()));
 }
 
 // The table replaces the older one only when every write went through.
@@ -298,6 +417,9 @@ void SimulationRun::finishCsv() {
 // ---- steps ----
 
 int SimulationRun::run() {
+    std::cout << heldOutput;
+    checkStandardOutput();
+    passOnNotes();
     QElapsedTimer clock;
     clock.start();
     int done = 0;
@@ -307,6 +429,7 @@ int SimulationRun::run() {
     const int signalNumber = caughtSignal;
     saveFinalState();
     finishCsv();
+    checkStandardOutput();
     printSummary(done, clock.nsecsElapsed() / 1e9, signalNumber);
     if (outputFailed)
         return 1;
@@ -322,10 +445,12 @@ void SimulationRun::simulateStep(int done) {
     const int simulatedBefore = simulation->entitiesStatistics.sumSimmTime;
     simulation->simulateNextStepAndLog();
     const int stepMs = simulation->entitiesStatistics.sumSimmTime - simulatedBefore;
+    passOnNotes();
     if (!writeCsv(StatisticsCsv::row(*simulation, stepMs)))
         reportFailure(tr("Could not write the CSV file %1.").arg(options.csvFile));
     else
         saveSnapshot();
+    checkStandardOutput();
     const int living = livingPlants(*simulation);
     if (living > mostPlants || done == 1) {
         mostPlants = living;

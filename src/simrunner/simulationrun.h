@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <string>
@@ -32,12 +33,16 @@ public:
     SimulationRun(const SimulationRun&) = delete;
     SimulationRun& operator=(const SimulationRun&) = delete;
 
-    // The inputs: terrain, saved simulation, plant area and seeds; the
-    // vegetation and terrain layers are made ready as the first step would.
-    // On bad input returns false with one line; nothing has been written.
+    // Makes sure every output can be written, touching nothing. False with
+    // one line when one cannot.
+    bool checkOutputs(QString& error) const;
+    // The inputs: terrain, saved simulation or state, plant area and seeds;
+    // the vegetation and terrain layers are made ready as the first step
+    // would. On bad input returns false with one line; nothing has been
+    // written, not even to standard output (its lines wait for run()).
     bool prepare(QString& error);
-    // Makes sure every output can be written, makes missing folders and starts
-    // the CSV table. False with one line when an output cannot be written.
+    // Makes the missing folders and starts the CSV table. False with one line
+    // when an output cannot be written; the folders made are taken away again.
     bool openOutputs(QString& error);
     // Simulates the steps; returns the exit status (0, 1 when an output could
     // not be written, 128 + the signal number when interrupted).
@@ -50,14 +55,26 @@ public:
 
 private:
     QString takeMessages();
+    void keepAsNotes();
+    void passOnNotes();
+    QString terrainName() const;
+    QStringList outputFolders() const;
     bool loadTerrain(QString& error);
+    bool checkArea(QString& error) const;
+    void startSimulation();
     bool loadSimulation(QString& error);
-    bool applyAreaAndSeeds(QString& error);
+    bool resumeState(QString& error);
+    void applyAreaAndSeeds();
+    bool makeFolder(const QString& folder);
+    void removeMadeFolders();
+    bool openCsv();
     std::vector<std::string> csvComments() const;
     bool writeCsv(const std::string& text);
     void reportFailure(const QString& text);
+    void checkStandardOutput();
     void saveSnapshot();
     void saveFinalState();
+    void saveStateBeside(const QString& simFile);
     void finishCsv();
     void simulateStep(int done);
     void showStepProgress(int done);
@@ -69,6 +86,9 @@ private:
     std::unique_ptr<QSaveFile> csv;
     ProgressLine progress;
     std::vector<std::string> messages; // told to the user by the layers below
+    QStringList notes;                 // of those, what is no failure: for standard error
+    std::string heldOutput;            // standard output of the preparation
+    QStringList madeFolders;           // by openOutputs, in the order made
     bool outputFailed = false;         // an output could not be written; reported
     int firstStep = 0;
     int mostPlants = 0, mostPlantsStep = 0;

@@ -22,9 +22,13 @@ struct Result {
     QString out, err;
 };
 
-Result runSim(const QStringList& arguments, const QString& folder) {
+// With outputFile, standard output goes there.
+Result runSim(const QStringList& arguments, const QString& folder,
+              const QString& outputFile = QString()) {
     QProcess process;
     process.setWorkingDirectory(folder);
+    if (!outputFile.isEmpty())
+        process.setStandardOutputFile(outputFile);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("LC_ALL", "C");
     process.setProcessEnvironment(environment);
@@ -49,8 +53,8 @@ void write(const QString& file, const QByteArray& text) {
 }
 
 // The compiled-in landscape with its relief stretched: another terrain whose
-// every layer differs.
-QByteArray stretchedDem() {
+// every layer differs; flattened (factor 0), a terrain without dry land.
+QByteArray stretchedDem(double factor = 1.7) {
     QFile f(":/gui/textures/100x100.dmr");
     if (!f.open(QIODevice::ReadOnly))
         return {};
@@ -58,7 +62,8 @@ QByteArray stretchedDem() {
     for (const QByteArray& line : f.readAll().split('\n')) {
         const QList<QByteArray> xyz = line.simplified().split(' ');
         if (xyz.size() == 3)
-            out += xyz[0] + ' ' + xyz[1] + ' ' + QByteArray::number(xyz[2].toDouble() * 1.7) + '\n';
+            out +=
+                xyz[0] + ' ' + xyz[1] + ' ' + QByteArray::number(xyz[2].toDouble() * factor) + '\n';
     }
     return out;
 }
@@ -128,6 +133,18 @@ Csv readCsv(const QString& file) {
     return csv;
 }
 
+// The rows from step first on, without their step times.
+std::vector<std::vector<int>> countsFrom(const Csv& csv, int first) {
+    std::vector<std::vector<int>> rows;
+    for (std::vector<int> row : csv.rows) {
+        if (row[0] < first)
+            continue;
+        row.pop_back();
+        rows.push_back(row);
+    }
+    return rows;
+}
+
 // Every file and folder under root with its contents, to see that nothing changed.
 QMap<QString, QByteArray> listing(const QString& root) {
     QMap<QString, QByteArray> files;
@@ -164,7 +181,19 @@ void compareRows(const Csv& csv, const std::vector<Counts>& expected, int firstS
 
 class TestSimRunner : public QObject {
     Q_OBJECT
+
+    // good.sim and good.sim.state, saved after step 3, of another plant area
+    // than the default one.
+    QTemporaryDir made;
+
 private slots:
+    void initTestCase() {
+        QCOMPARE(
+            runSim({"--area", "20,70,30,80", "--steps", "3", "--save", "good.sim"}, made.path())
+                .code,
+            0);
+    }
+
     void runIsTheWindowProgramsRun_data() {
         QTest::addColumn<QStringList>("start");
         QTest::newRow("defaults") << QStringList{};
@@ -226,7 +255,8 @@ private slots:
 
         // The same simulation files, and the same lines on standard output.
         QCOMPARE(QDir(dir.filePath("snaps")).entryList(QDir::Files),
-                 QStringList({"12.sim", "24.sim", "36.sim"}));
+                 QStringList({"12.sim", "12.sim.state", "24.sim", "24.sim.state", "36.sim",
+                              "36.sim.state"}));
         for (const char* name : {"12.sim", "24.sim", "36.sim"})
             QCOMPARE(contents(dir.filePath(QString("snaps/") + name)),
                      contents(dir.filePath(QString("window/") + name)));
@@ -274,44 +304,98 @@ private slots:
         QCOMPARE(contents(dir.filePath("b.sim")), contents(dir.filePath("window.sim")));
     }
 
+    // Stopped at a snapshot and resumed from its state, a run is the run that
+    // went on: the same counts, the same final file and state. At step 36
+    // some plants are dominated; a loaded file brings a plant area that is not
+    // the one of the dry-land list.
+    void resumedRunIsTheStraightRun_data() {
+        QTest::addColumn<QStringList>("start");
+        QTest::newRow("plant area and seed block")
+            << QStringList{"--area", "20,70,30,80", "--seed", "4"};
+        QTest::newRow("a loaded file") << QStringList{"--load", "good.sim"};
+    }
+    void resumedRunIsTheStraightRun() {
+        QFETCH(QStringList, start);
+        QTemporaryDir dir;
+        write(dir.filePath("tall.dmr"), stretchedDem());
+        write(dir.filePath("good.sim"), contents(made.filePath("good.sim")));
+        const QStringList dem{"--dem", "tall.dmr"};
+        QCOMPARE(runSim(start + dem +
+                            QStringList{"--steps", "40", "--snapshot-every", "12", "--out", "a",
+                                        "--csv", "a.csv", "--save", "a.sim"},
+                        dir.path())
+                     .code,
+                 0);
+        const Csv a = readCsv(dir.filePath("a.csv"));
+        const QString rest = QString::number(a.rows.back()[0] - 36);
+        QCOMPARE(runSim(QStringList{"--resume", "a/36.sim.state", "--steps", rest, "--csv", "b.csv",
+                                    "--save", "b.sim"} +
+                            dem,
+                        dir.path())
+                     .code,
+                 0);
+
+        const Csv b = readCsv(dir.filePath("b.csv"));
+        QVERIFY(b.comments.contains("start: a/36.sim.state at step 36, exactly"));
+        QCOMPARE(int(b.rows.size()), rest.toInt());
+        QCOMPARE(countsFrom(b, 0), countsFrom(a, 37));
+        QCOMPARE(contents(dir.filePath("b.sim")), contents(dir.filePath("a.sim")));
+        QCOMPARE(contents(dir.filePath("b.sim.state")), contents(dir.filePath("a.sim.state")));
+    }
+
+    // Each row's arguments come after the outputs of a 3-step run (CSV,
+    // snapshots after every step, final state) and win; rows marked alone go
+    // without those.
     void badInputChangesNothing_data() {
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QString>("says");
-        QTest::newRow("unknown option") << QStringList{"--frobnicate"} << "frobnicate";
-        QTest::newRow("stray argument") << QStringList{"run.csv"} << "run.csv";
-        QTest::newRow("seed not a number")
-            << QStringList{"--seeds", "1,2,3,4,5,6,x,8,9,10,11,12,13"} << "--seeds";
-        QTest::newRow("twelve seeds")
-            << QStringList{"--seeds", "1,2,3,4,5,6,7,8,9,10,11,12"} << "--seeds";
-        QTest::newRow("seed past 64 bits")
-            << QStringList{"--seeds", "1,2,3,4,5,6,7,8,9,10,11,12,18446744073709551616"}
-            << "--seeds";
-        QTest::newRow("seed block 0") << QStringList{"--seed", "0"} << "--seed";
-        QTest::newRow("negative steps") << QStringList{"--steps", "-3"} << "--steps";
-        QTest::newRow("snapshots every 0 steps")
-            << QStringList{"--snapshot-every", "0"} << "--snapshot-every";
-        QTest::newRow("area past the grid") << QStringList{"--area", "25,100,25,75"} << "grid";
-        QTest::newRow("area backwards") << QStringList{"--area", "75,25,25,75"} << "--area";
-        QTest::newRow("area without dry land")
-            << QStringList{"--area", "30,30,40,40"} << "dry cell";
-        QTest::newRow("missing DEM") << QStringList{"--dem", "none.dmr"} << "none.dmr";
-        QTest::newRow("short DEM") << QStringList{"--dem", "short.dmr"} << "short.dmr";
-        QTest::newRow("DEM of words") << QStringList{"--dem", "words.dmr"} << "words.dmr";
-        QTest::newRow("missing simulation") << QStringList{"--load", "none.sim"} << "none.sim";
-        QTest::newRow("damaged simulation")
-            << QStringList{"--load", "damaged.sim"} << "damaged.sim";
-        QTest::newRow("simulation of four species")
-            << QStringList{"--load", "four.sim"} << "four.sim";
-        QTest::newRow("snapshot folder below a file")
-            << QStringList{"--out", "afile/snaps"} << "afile/snaps";
-        QTest::newRow("CSV below a file") << QStringList{"--csv", "afile/run.csv"} << "afile";
-        QTest::newRow("CSV is a folder") << QStringList{"--csv", "adir"} << "adir";
-        QTest::newRow("final state below a file")
-            << QStringList{"--save", "afile/x.sim"} << "afile";
+        QTest::addColumn<bool>("alone");
+        auto row = [](const char* tag, const QStringList& arguments, const QString& says,
+                      bool alone = false) { QTest::newRow(tag) << arguments << says << alone; };
+        row("unknown option", {"--frobnicate"}, "frobnicate");
+        row("stray argument", {"run.csv"}, "run.csv");
+        row("seed not a number", {"--seeds", "1,2,3,4,5,6,x,8,9,10,11,12,13"}, "--seeds");
+        row("twelve seeds", {"--seeds", "1,2,3,4,5,6,7,8,9,10,11,12"}, "--seeds");
+        row("seed past 64 bits", {"--seeds", "1,2,3,4,5,6,7,8,9,10,11,12,18446744073709551616"},
+            "--seeds");
+        row("seed block 0", {"--seed", "0"}, "--seed");
+        row("negative steps", {"--steps", "-3"}, "--steps");
+        row("snapshots every 0 steps", {"--snapshot-every", "0"}, "--snapshot-every");
+        row("snapshot folder without snapshots", {"--out", "snaps"}, "--snapshot-every", true);
+        row("area past the grid", {"--area", "25,100,25,75"}, "grid");
+        row("area past the grid of a load", {"--load", "good.sim", "--area", "25,100,25,75"},
+            "grid");
+        row("area backwards", {"--area", "75,25,25,75"}, "--area");
+        row("missing DEM", {"--dem", "none.dmr"}, "none.dmr");
+        row("short DEM", {"--dem", "short.dmr"}, "short.dmr");
+        row("DEM of words", {"--dem", "words.dmr"}, "words.dmr");
+        row("missing simulation", {"--load", "none.sim"}, "none.sim");
+        row("damaged simulation", {"--load", "damaged.sim"}, "damaged.sim");
+        row("simulation of four species", {"--load", "four.sim"}, "four.sim");
+        row("missing state", {"--resume", "none.state"}, "none.state");
+        row("cut state", {"--resume", "cut.state"}, "cut.state: The state file is damaged. Line");
+        row("state with a negative plant number", {"--resume", "bad.state"}, "plant number -1");
+        row("simulation file for a state", {"--resume", "good.sim"}, "not a state file");
+        row("state of another terrain", {"--resume", "good.sim.state", "--dem", "tall.dmr"},
+            "another terrain: compiled-in landscape");
+        row("state and load", {"--resume", "good.sim.state", "--load", "good.sim"}, "--load");
+        row("state and seeds", {"--resume", "good.sim.state", "--seed", "2"}, "--seed");
+        row("snapshot folder below a file", {"--out", "afile/snaps"}, "afile/snaps");
+        row("CSV below a file", {"--csv", "afile/run.csv"}, "afile");
+        row("CSV below a file after a load", {"--load", "good.sim", "--csv", "afile/run.csv"},
+            "afile");
+        row("CSV is a folder", {"--csv", "adir"}, "adir");
+        row("final state below a file", {"--save", "afile/x.sim"}, "afile");
+        row("final state's folder cannot be made after the others were",
+            {"--csv", "new/run.csv", "--save", QString(300, 'x') + "/x.sim"}, "Cannot make");
+        row("CSV is the final state", {"--csv", "final.sim"}, "final.sim");
+        row("CSV is the final exact state", {"--csv", "final.sim.state"}, "final.sim.state");
+        row("CSV is a snapshot", {"--csv", "snaps/2.sim"}, "snaps/2.sim");
     }
     void badInputChangesNothing() {
         QFETCH(QStringList, arguments);
         QFETCH(QString, says);
+        QFETCH(bool, alone);
         QTemporaryDir dir;
         const QByteArray seeds = "1\t2\t3\t4\t5\t6\t7\t8\t9\t10\t11\t12\t13\t\n25\t75\t25\t75\n";
         write(dir.filePath("run.csv"), "an older table\n");
@@ -319,20 +403,50 @@ private slots:
         QDir(dir.path()).mkdir("adir");
         write(dir.filePath("short.dmr"), "528025 165750 706.6\n528050 165750 707.1\n");
         write(dir.filePath("words.dmr"), "X Y Z\n" + stretchedDem());
+        write(dir.filePath("tall.dmr"), stretchedDem());
         write(dir.filePath("damaged.sim"), "0\n5\n0\n0\n0\n0\n0\n0\t0\t0\t0\t0\t" + seeds.left(9));
         write(dir.filePath("four.sim"), "0\n4\n0\n0\n0\n0\n0\t0\t0\t0\t" + seeds);
+        write(dir.filePath("good.sim"), contents(made.filePath("good.sim")));
+        const QByteArray state = contents(made.filePath("good.sim.state"));
+        write(dir.filePath("good.sim.state"), state);
+        write(dir.filePath("cut.state"), state.left(state.size() / 2));
+        QList<QByteArray> lines = state.split('\n'); // the last line: plant number, deaths
+        QByteArray& last = lines[lines.size() - 2];
+        last = "-1" + last.mid(last.indexOf('\t'));
+        write(dir.filePath("bad.state"), lines.join('\n'));
         const QMap<QString, QByteArray> before = listing(dir.path());
 
-        // The row's own arguments come last and win.
-        const Result r = runSim(QStringList{"--steps", "3", "--csv", "run.csv", "--snapshot-every",
-                                            "1", "--out", "snaps", "--save", "final.sim"} +
-                                    arguments,
-                                dir.path());
+        const QStringList outputs{"--steps", "3",     "--csv", "run.csv", "--snapshot-every",
+                                  "1",       "--out", "snaps", "--save",  "final.sim"};
+        const Result r = runSim((alone ? QStringList() : outputs) + arguments, dir.path());
         QCOMPARE(r.code, 2);
         QCOMPARE(r.out, QString());
         QCOMPARE(r.err.count('\n'), 1);
         QVERIFY2(r.err.startsWith("virela-sim: ") && r.err.contains(says), qPrintable(r.err));
         QCOMPARE(listing(dir.path()), before);
+    }
+
+    // A plant area without dry land is no mistake: the run goes on and says so
+    // once, also when the step taken before a load found none.
+    void runWithoutDryLandGoesOn_data() {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("plant area without dry land") << QStringList{"--area", "30,30,40,40"};
+        QTest::newRow("flat DEM, then a load")
+            << QStringList{"--dem", "flat.dmr", "--load", "good.sim"};
+    }
+    void runWithoutDryLandGoesOn() {
+        QFETCH(QStringList, arguments);
+        QTemporaryDir dir;
+        write(dir.filePath("flat.dmr"), stretchedDem(0));
+        write(dir.filePath("good.sim"), contents(made.filePath("good.sim")));
+        const Result r = runSim(arguments + QStringList{"--steps", "4"}, dir.path());
+        QCOMPARE(r.code, 0);
+        const QStringList err = r.err.split('\n', Qt::SkipEmptyParts);
+        QCOMPARE(err.size(), 2);
+        QVERIFY2(err[0].startsWith("virela-sim: note: The plant area has no dry land"),
+                 qPrintable(err[0]));
+        QVERIFY(err[1].startsWith("Steps "));
+        QCOMPARE(r.out.count("nrPlants="), 4);
     }
 
     // An interrupted run stops after its current step: the table holds every
@@ -360,8 +474,9 @@ private slots:
         }
         const int last = int(csv.rows.size());
         QCOMPARE(contents(dir.filePath("final.sim")).split('\n').value(0).toInt(), last);
-        QCOMPARE(int(QDir(dir.filePath("s")).entryList(QDir::Files).size()), last / 7);
-        QCOMPARE(listing(dir.path()).size(), 3 + last / 7); // no half-written leftovers
+        QCOMPARE(contents(dir.filePath("final.sim.state")).split('\n').value(3).toInt(), last);
+        QCOMPARE(int(QDir(dir.filePath("s")).entryList(QDir::Files).size()), 2 * (last / 7));
+        QCOMPARE(listing(dir.path()).size(), 4 + 2 * (last / 7)); // no half-written leftovers
     }
 
     // tools/join-runs: every run's rows under one header, with the run and its seeds.
@@ -394,16 +509,26 @@ private slots:
     void helpListsEveryOptionWithAnExample() {
         const Result r = runSim({"--help"}, QDir::currentPath());
         QCOMPARE(r.code, 0);
-        for (const char* option : {"--steps N", "--seeds S1,...,S13", "--seed N", "--dem FILE",
-                                   "--load FILE", "--area X0,X1,Y0,Y1", "--csv FILE", "--out DIR",
-                                   "--snapshot-every K", "--save FILE", "--help", "--version"})
+        for (const char* option :
+             {"--steps N", "--seeds S1,...,S13", "--seed N", "--dem FILE", "--load FILE",
+              "--resume FILE", "--area X0,X1,Y0,Y1", "--csv FILE", "--out DIR",
+              "--snapshot-every K", "--save FILE", "--help", "--version"})
             QVERIFY2(r.out.contains(QString("  ") + option), option);
-        QVERIFY(r.out.contains("Example:\n  virela-sim --steps "));
+        QVERIFY(r.out.contains("Examples:\n  virela-sim --steps "));
+        QVERIFY(r.out.contains("\n  virela-sim --resume "));
         const Result version = runSim({"--version"}, QDir::currentPath());
         QCOMPARE(version.code, 0);
         QVERIFY(QRegularExpression("^virela-sim \\d+\\.\\d+ \\(source revision \\S+\\)\\n$")
                     .match(version.out)
                     .hasMatch());
+        // Standard output that cannot be written fails, with a line saying so.
+        for (const QStringList& arguments :
+             {QStringList{"--version"}, QStringList{"--steps", "1"}}) {
+            const Result full = runSim(arguments, QDir::currentPath(), "/dev/full");
+            QCOMPARE(full.code, 1);
+            QVERIFY2(full.err.startsWith("virela-sim: Could not write to standard output.\n"),
+                     qPrintable(full.err));
+        }
     }
 };
 

@@ -7,6 +7,7 @@
 #include "ecosystem/simulation/sejaleckjerkolirastlinnateren.h"
 #include "ecosystem/simulation/sejalecrastlinnateren.h"
 #include "ecosystem/simulation/simulationfile.h"
+#include "ecosystem/simulation/simulationstate.h"
 
 #include <QCoreApplication>
 #include <QSaveFile>
@@ -14,8 +15,6 @@
 #include <algorithm>
 #include <cassert>
 #include <iostream>
-#include <locale>
-#include <sstream>
 
 namespace ecosystem {
 
@@ -358,24 +357,37 @@ void CEcosystemSimulation::saveStatistics(int casOstalo, int casDodajal, int cas
 // ---- simulation file ----
 
 namespace {
-void zapisiRastlino(std::ostream& izhod, const CRastlina& r) {
-    izhod << r.pozicijaMap2D.x << '\t' << r.pozicijaMap2D.y << '\t' << r.pozicija3D.x << '\t'
-          << r.pozicija3D.y << '\t' << r.pozicija3D.z << '\t' << r.id << '\t' << r.trenutnaStarost
-          << '\t' << r.trenutnaVelikost << '\t' << r.trenutniRadij << '\t' << r.prodornost << '\t'
-          << r.trenutnaMoc << '\t' << r.strminaTukaj << '\t' << r.vlaznostTukaj << '\t'
-          << r.sonceTukaj << '\t' << r.veterTukaj << '\t' << r.visinaTukajNormNadVodo << '\t'
-          << r.umreNaKoraku << '\n';
+// Written, a piece at a time, to a temporary file that replaces the old one
+// only when complete.
+template <typename Vsebina> bool zapisiCelo(const std::string& fileName, const Vsebina& vsebina) {
+    QSaveFile datoteka(QString::fromStdString(fileName));
+    if (!datoteka.open(QIODevice::WriteOnly))
+        return false;
+    CSimulationFile::Pisanje pisanje(datoteka);
+    vsebina(pisanje);
+    return pisanje.odlozi(true) && datoteka.commit();
 }
 } // namespace
 
 void CEcosystemSimulation::saveSimulation(const std::string& fileName) {
-    std::ostringstream izhod;
-    izhod.imbue(std::locale::classic());
+    if (!zapisiCelo(fileName, [this](CSimulationFile::Pisanje& p) { zapisiSimulacijo(p); })) {
+        sporociNapako(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation",
+                                        "Could not save simulation file."));
+        return;
+    }
+    std::cout << "Simulation @ step " << simulationStepNr << "successfouly saved" << std::endl;
+}
+
+void CEcosystemSimulation::zapisiSimulacijo(CSimulationFile::Pisanje& p) {
+    std::ostream& izhod = p.izhod();
     izhod << simulationStepNr << '\n' << rastlinskeVrste.size() << '\n';
     for (const CVrstaRastlin& vrsta : rastlinskeVrste) {
         izhod << vrsta.ziviPrimerkiTeVrste.size() << '\n';
-        for (const CRastlina& rastlina : vrsta.ziviPrimerkiTeVrste)
-            zapisiRastlino(izhod, rastlina);
+        for (const CRastlina& rastlina : vrsta.ziviPrimerkiTeVrste) {
+            CSimulationFile::zapisiRastlino(izhod, rastlina);
+            izhod << '\n';
+            p.odlozi();
+        }
     }
     for (const CVrstaRastlin& vrsta : rastlinskeVrste)
         izhod << vrsta.komulacijaPrihajajocihRastlin << '\t';
@@ -384,20 +396,6 @@ void CEcosystemSimulation::saveSimulation(const std::string& fileName) {
     izhod << '\n'
           << terrainData->lupaXmin << '\t' << terrainData->lupaXmax << '\t' << terrainData->lupaYmin
           << '\t' << terrainData->lupaYmax << '\n';
-
-    // Written to a temporary file that replaces the old one only when complete.
-    const std::string besedilo = izhod.str();
-    QSaveFile datoteka(QString::fromStdString(fileName));
-    const bool zapisano =
-        datoteka.open(QIODevice::WriteOnly) &&
-        datoteka.write(besedilo.data(), qint64(besedilo.size())) == qint64(besedilo.size()) &&
-        datoteka.commit();
-    if (!zapisano) {
-        sporociNapako(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation",
-                                        "Could not save simulation file."));
-        return;
-    }
-    std::cout << "Simulation @ step " << simulationStepNr << "successfouly saved" << std::endl;
 }
 
 void CEcosystemSimulation::loadSimulation(const std::string& filename) {
@@ -437,23 +435,8 @@ void CEcosystemSimulation::prevzemiSimulacijo(const CSimulationFile& vsebina) {
         const std::vector<CSimulationFile::Rastlina>& rastline = vsebina.rastlineVrst[v];
         stVsehRastlin += int(rastline.size());
         vrsta.ziviPrimerkiTeVrste.clear();
-        for (const CSimulationFile::Rastlina& r : rastline) {
-            // The constructor samples the cell and takes an id; the stored state then wins.
-            CRastlina& rastlina = vrsta.ziviPrimerkiTeVrste.emplace_back(
-                vrsta, Tocka2i(r.x, r.y), arbo::Tocka(r.pozicijaX, r.pozicijaY, r.pozicijaZ));
-            rastlina.id = r.id;
-            rastlina.trenutnaStarost = r.trenutnaStarost;
-            rastlina.trenutnaVelikost = r.trenutnaVelikost;
-            rastlina.trenutniRadij = r.trenutniRadij;
-            rastlina.prodornost = r.prodornost;
-            rastlina.trenutnaMoc = r.trenutnaMoc;
-            rastlina.strminaTukaj = r.strminaTukaj;
-            rastlina.vlaznostTukaj = r.vlaznostTukaj;
-            rastlina.sonceTukaj = r.sonceTukaj;
-            rastlina.veterTukaj = r.veterTukaj;
-            rastlina.visinaTukajNormNadVodo = r.visinaTukajNormNadVodo;
-            rastlina.umreNaKoraku = r.umreNaKoraku;
-        }
+        for (const CSimulationFile::Rastlina& r : rastline)
+            obnoviRastlino(vrsta, r);
     }
     for (size_t v = 0; v < rastlinskeVrste.size(); ++v)
         rastlinskeVrste[v].komulacijaPrihajajocihRastlin = vsebina.komulacijePrihajajocihRastlin[v];
@@ -466,6 +449,105 @@ void CEcosystemSimulation::prevzemiSimulacijo(const CSimulationFile& vsebina) {
     std::cout << "Simulation @ step " << simulationStepNr << " with " << stVsehRastlin
               << " plants successfouly loaded" << std::endl;
     saveStatistics(0, 0, 0, 0);
+}
+
+// A plant at the end of its species' list: the constructor samples the cell,
+// draws and takes an id; the stored state then wins.
+CRastlina& CEcosystemSimulation::obnoviRastlino(CVrstaRastlin& vrsta,
+                                                const CSimulationFile::Rastlina& r) {
+    CRastlina& rastlina = vrsta.ziviPrimerkiTeVrste.emplace_back(
+        vrsta, Tocka2i(r.x, r.y), arbo::Tocka(r.pozicijaX, r.pozicijaY, r.pozicijaZ));
+    rastlina.id = r.id;
+    rastlina.trenutnaStarost = r.trenutnaStarost;
+    rastlina.trenutnaVelikost = r.trenutnaVelikost;
+    rastlina.trenutniRadij = r.trenutniRadij;
+    rastlina.prodornost = r.prodornost;
+    rastlina.trenutnaMoc = r.trenutnaMoc;
+    rastlina.strminaTukaj = r.strminaTukaj;
+    rastlina.vlaznostTukaj = r.vlaznostTukaj;
+    rastlina.sonceTukaj = r.sonceTukaj;
+    rastlina.veterTukaj = r.veterTukaj;
+    rastlina.visinaTukajNormNadVodo = r.visinaTukajNormNadVodo;
+    rastlina.umreNaKoraku = r.umreNaKoraku;
+    return rastlina;
+}
+
+// ---- exact state ----
+
+bool CEcosystemSimulation::saveState(const std::string& fileName, const std::string& terrainName) {
+    if (zapisiCelo(fileName, [&](CSimulationFile::Pisanje& p) {
+            CSimulationState::zapisi(p, *this, terrainName);
+        }))
+        return true;
+    sporociNapako(
+        QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation", "Could not save the state file."));
+    return false;
+}
+
+bool CEcosystemSimulation::loadState(const std::string& fileName) {
+    CSimulationState stanje;
+    switch (stanje.preberi(fileName, int(rastlinskeVrste.size()), *terrainData)) {
+    case CSimulationState::Izid::Prebrano:
+        prevzemiStanje(stanje);
+        return true;
+    case CSimulationState::Izid::NiOdprta:
+        sporociNapako(
+            QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation", "Could not open the state file."));
+        return false;
+    case CSimulationState::Izid::DrugTeren:
+        sporociNapako(QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation",
+                                        "The state file was saved on another terrain:"),
+                      stanje.imeTerena);
+        return false;
+    case CSimulationState::Izid::Pokvarjena:
+        break;
+    }
+    sporociNapako(
+        QT_TRANSLATE_NOOP("ecosystem::CEcosystemSimulation", "The state file is damaged."),
+        stanje.razlog);
+    return false;
+}
+
+void CEcosystemSimulation::prevzemiStanje(const CSimulationState& stanje) {
+    simulationStepNr = stanje.simulationStepNr;
+    izprazniIndeksCelic();
+    for (size_t v = 0; v < rastlinskeVrste.size(); ++v) {
+        CVrstaRastlin& vrsta = rastlinskeVrste[v];
+        vrsta.ziviPrimerkiTeVrste.clear();
+        for (const CSimulationState::Rastlina& r : stanje.rastlineVrst[v])
+            obnoviRastlino(vrsta, r).jeDominirana = r.jeDominirana;
+        vrsta.komulacijaPrihajajocihRastlin = stanje.komulacijePrihajajocihRastlin[v];
+        vrsta.komulacijaSemen = stanje.komulacijeSemen[v];
+    }
+    // After the plants: their construction drew from the streams and took ids.
+    setRandomGeneratorSeeds(stanje.seeds);
+    CRastlina::lastID = stanje.lastID;
+    prevzemiTerenInStatistiko(stanje);
+    napolniIndeksCelic();
+}
+
+// The dry-land list as the saving run had it, which may be of another lupa
+// than the plant area (a loaded simulation file brings its lupa only).
+void CEcosystemSimulation::prevzemiTerenInStatistiko(const CSimulationState& stanje) {
+    data::CTerrainData& t = *terrainData;
+    t.lupaXmin = stanje.lupaSuhihCelic[0];
+    t.lupaXmax = stanje.lupaSuhihCelic[1];
+    t.lupaYmin = stanje.lupaSuhihCelic[2];
+    t.lupaYmax = stanje.lupaSuhihCelic[3];
+    t.buildNonwaterIndexes();
+    t.noDryLandReported = stanje.brezSuhihSporoceno;
+    t.lupaXmin = stanje.lupa[0];
+    t.lupaXmax = stanje.lupa[1];
+    t.lupaYmin = stanje.lupa[2];
+    t.lupaYmax = stanje.lupa[3];
+    statistics::CEntitiesStatistics& s = entitiesStatistics;
+    s.umrliZaradiDominiranosti = stanje.umrliZaradiDominiranosti;
+    s.umrliOstalo = stanje.umrliOstalo;
+    s.umrliSkupaj = stanje.umrliSkupaj;
+    int zivih = 0;
+    for (const CVrstaRastlin& vrsta : rastlinskeVrste)
+        zivih += int(vrsta.ziviPrimerkiTeVrste.size());
+    s.setStTrenutnoZivih(zivih);
 }
 
 } // namespace ecosystem

@@ -18,6 +18,8 @@ class CTerrainData;
 
 namespace ecosystem {
 
+class CSimulationState;
+
 // Owns the species (and through them every plant), the per-cell plant index,
 // the life factors and the statistics, and advances the ecosystem one step at
 // a time: add new plants, grow them and work out their strengths, kill.
@@ -63,6 +65,15 @@ public:
 
     void saveSimulation(const std::string& fileName);
     void loadSimulation(const std::string& filename);
+    // The exact state (see CSimulationState), written whole or not at all; the
+    // terrain is named terrainName in it. False, told through the message
+    // hook, when it could not be written.
+    bool saveState(const std::string& fileName, const std::string& terrainName);
+    // Continues exactly from a state saved on this terrain; needs the species
+    // (zagotoviInicializiranostSimulacije). A file that cannot be read, is
+    // damaged or was saved on another terrain changes nothing: false, told
+    // through the message hook.
+    bool loadState(const std::string& fileName);
 
     void saveStatistics(int casOstalo, int casDodajal, int casZrastel, int casPobijal);
 
@@ -78,7 +89,12 @@ public:
     static bool umreSedaj(simulationEntities::CRastlina& rastlina);
 
 private:
+    void zapisiSimulacijo(CSimulationFile::Pisanje& p);
     void prevzemiSimulacijo(const CSimulationFile& vsebina);
+    simulationEntities::CRastlina& obnoviRastlino(simulationEntities::CVrstaRastlin& vrsta,
+                                                  const CSimulationFile::Rastlina& r);
+    void prevzemiStanje(const CSimulationState& stanje);
+    void prevzemiTerenInStatistiko(const CSimulationState& stanje);
     void povejCeNiSuhihCelic();
     int steviloCelic() const;
     void izprazniIndeksCelic();

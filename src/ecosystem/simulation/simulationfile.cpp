@@ -1,6 +1,7 @@
 #include "ecosystem/simulation/simulationfile.h"
 
 #include "arbo/bralecstevil.h"
+#include "ecosystem/simulation/entities/rastlina.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -9,6 +10,8 @@
 #include <algorithm>
 #include <cfloat>
 #include <cmath>
+#include <locale>
+#include <ostream>
 
 namespace ecosystem {
 
@@ -26,64 +29,96 @@ QString kotBesedilo(float v) {
 }
 } // namespace
 
-// Reads one value after another and keeps, for the first that is missing,
-// malformed or out of range, its line and what is wrong with it.
-class CSimulationFile::Branje {
-public:
-    Branje(arbo::BralecStevil& f, std::string& razlog) : f(f), razlog(razlog) {}
-
-    template <typename T> bool beri(T& v, const char* ime) {
-        if (f.beri(v))
-            return true;
-        if (f.zeton().empty())
-            return napaka(prevedi(QT_TRANSLATE_NOOP("ecosystem::CSimulationFile",
-                                                    "Line %1: the file ends before the %2."))
-                              .arg(f.vrstica())
-                              .arg(prevedi(ime)));
-        return napaka(prevedi(QT_TRANSLATE_NOOP("ecosystem::CSimulationFile",
-                                                "Line %1: \"%2\" is not a valid %3."))
-                          .arg(f.vrstica())
-                          .arg(QString::fromStdString(f.zeton()), prevedi(ime)));
-    }
-
-    bool beri(int& v, const char* ime, int najmanj, int najvec) {
-        return beri(v, ime) && vMejah(v, ime, najmanj, najvec);
-    }
-
-    // Read as a double, so that a value beyond the float range is told as out
-    // of the limits rather than as no number.
-    bool beri(float& v, const char* ime, float najmanj, float najvec) {
-        double d = 0;
-        if (!beri(d, ime))
-            return false;
-        const float z = std::fabs(d) <= FLT_MAX ? float(d) : float(d > 0 ? HUGE_VALF : -HUGE_VALF);
-        if (!vMejah(z, ime, najmanj, najvec))
-            return false;
-        v = z;
+template <typename T> bool CSimulationFile::Branje::beriVrednost(T& v, const char* ime) {
+    if (f.beri(v))
         return true;
-    }
-
-    template <typename T, typename M> bool vMejah(T v, const char* ime, M najmanj, M najvec) {
-        if (v >= najmanj && v <= najvec)
-            return true;
+    if (f.zeton().empty())
         return napaka(prevedi(QT_TRANSLATE_NOOP("ecosystem::CSimulationFile",
-                                                "Line %1: the %2 %3 lies outside %4 to %5."))
+                                                "Line %1: the file ends before the %2."))
                           .arg(f.vrstica())
-                          .arg(prevedi(ime), QString::fromStdString(f.zeton()),
-                               kotBesedilo(najmanj), kotBesedilo(najvec)));
-    }
+                          .arg(prevedi(ime)));
+    return napaka(prevedi(QT_TRANSLATE_NOOP("ecosystem::CSimulationFile",
+                                            "Line %1: \"%2\" is not a valid %3."))
+                      .arg(f.vrstica())
+                      .arg(QString::fromStdString(f.zeton()), prevedi(ime)));
+}
 
-    bool napaka(const QString& besedilo) {
-        razlog = besedilo.toStdString();
+bool CSimulationFile::Branje::beri(int& v, const char* ime) {
+    return beriVrednost(v, ime);
+}
+
+bool CSimulationFile::Branje::beri(unsigned long long& v, const char* ime) {
+    return beriVrednost(v, ime);
+}
+
+bool CSimulationFile::Branje::beri(bool& v, const char* ime) {
+    return beriVrednost(v, ime);
+}
+
+bool CSimulationFile::Branje::beri(float& v, const char* ime) {
+    return beriVrednost(v, ime);
+}
+
+bool CSimulationFile::Branje::beri(int& v, const char* ime, int najmanj, int najvec) {
+    return beriVrednost(v, ime) && vMejah(v, ime, najmanj, najvec);
+}
+
+// Read as a double, so that a value beyond the float range is told as out of
+// the limits rather than as no number. Nine significant digits, as the exact
+// state files hold them, read back to the very float that was written.
+bool CSimulationFile::Branje::beri(float& v, const char* ime, float najmanj, float najvec) {
+    double d = 0;
+    if (!beriVrednost(d, ime))
         return false;
-    }
+    const float z = std::fabs(d) <= FLT_MAX ? float(d) : float(d > 0 ? HUGE_VALF : -HUGE_VALF);
+    if (!vMejah(z, ime, najmanj, najvec))
+        return false;
+    v = z;
+    return true;
+}
 
-    int vrstica() const { return f.vrstica(); }
+template <typename T, typename M>
+bool CSimulationFile::Branje::vMejah(T v, const char* ime, M najmanj, M najvec) {
+    if (v >= najmanj && v <= najvec)
+        return true;
+    return napaka(prevedi(QT_TRANSLATE_NOOP("ecosystem::CSimulationFile",
+                                            "Line %1: the %2 %3 lies outside %4 to %5."))
+                      .arg(f.vrstica())
+                      .arg(prevedi(ime), QString::fromStdString(f.zeton()), kotBesedilo(najmanj),
+                           kotBesedilo(najvec)));
+}
 
-private:
-    arbo::BralecStevil& f;
-    std::string& razlog;
-};
+bool CSimulationFile::Branje::napaka(const QString& besedilo) {
+    razlog = besedilo.toStdString();
+    return false;
+}
+
+int CSimulationFile::Branje::vrstica() const {
+    return f.vrstica();
+}
+
+CSimulationFile::Pisanje::Pisanje(QIODevice& naprava) : naprava(naprava) {
+    kos.imbue(std::locale::classic());
+}
+
+bool CSimulationFile::Pisanje::odlozi(bool vse) {
+    if (!vse && kos.tellp() < (1 << 20))
+        return zapisano;
+    const std::string besedilo = kos.str();
+    kos.str(std::string());
+    zapisano = zapisano &&
+               naprava.write(besedilo.data(), qint64(besedilo.size())) == qint64(besedilo.size());
+    return zapisano;
+}
+
+void CSimulationFile::zapisiRastlino(std::ostream& izhod, const simulationEntities::CRastlina& r) {
+    izhod << r.pozicijaMap2D.x << '\t' << r.pozicijaMap2D.y << '\t' << r.pozicija3D.x << '\t'
+          << r.pozicija3D.y << '\t' << r.pozicija3D.z << '\t' << r.id << '\t' << r.trenutnaStarost
+          << '\t' << r.trenutnaVelikost << '\t' << r.trenutniRadij << '\t' << r.prodornost << '\t'
+          << r.trenutnaMoc << '\t' << r.strminaTukaj << '\t' << r.vlaznostTukaj << '\t'
+          << r.sonceTukaj << '\t' << r.veterTukaj << '\t' << r.visinaTukajNormNadVodo << '\t'
+          << r.umreNaKoraku;
+}
 
 // Only a regular file is read (a device or a pipe might never end), a piece at
 // a time: the memory held grows with the plants, never with the file.
@@ -172,13 +207,24 @@ bool CSimulationFile::preberiOstalo(Branje& b, int stTockX, int stTockY) {
     for (unsigned long long& seed : seeds)
         if (!b.beri(seed, QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "random stream state")))
             return false;
-    const char* meja = QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "plant area bound");
-    if (!b.beri(lupaXmin, meja) || !b.beri(lupaXmax, meja) || !b.beri(lupaYmin, meja) ||
-        !b.beri(lupaYmax, meja))
+    int lupa[4] = {0, 0, 0, 0};
+    if (!preberiLupo(b, stTockX, stTockY, lupa))
         return false;
+    lupaXmin = lupa[0];
+    lupaXmax = lupa[1];
+    lupaYmin = lupa[2];
+    lupaYmax = lupa[3];
+    return true;
+}
+
+bool CSimulationFile::preberiLupo(Branje& b, int stTockX, int stTockY, int (&lupa)[4]) {
+    const char* meja = QT_TRANSLATE_NOOP("ecosystem::CSimulationFile", "plant area bound");
+    for (int& m : lupa)
+        if (!b.beri(m, meja))
+            return false;
     // The lupa bounds the cells that the sowers and the above-water test look at.
-    if (0 <= lupaXmin && lupaXmin <= lupaXmax && lupaXmax < stTockX && 0 <= lupaYmin &&
-        lupaYmin <= lupaYmax && lupaYmax < stTockY)
+    if (0 <= lupa[0] && lupa[0] <= lupa[1] && lupa[1] < stTockX && 0 <= lupa[2] &&
+        lupa[2] <= lupa[3] && lupa[3] < stTockY)
         return true;
     return b.napaka(
         prevedi(QT_TRANSLATE_NOOP(
@@ -186,10 +232,10 @@ bool CSimulationFile::preberiOstalo(Branje& b, int stTockX, int stTockY) {
                     "Line %1: the plant area, columns %2 to %3 and rows %4 to %5, does not fit "
                     "the grid of %6 x %7 points."))
             .arg(b.vrstica())
-            .arg(lupaXmin)
-            .arg(lupaXmax)
-            .arg(lupaYmin)
-            .arg(lupaYmax)
+            .arg(lupa[0])
+            .arg(lupa[1])
+            .arg(lupa[2])
+            .arg(lupa[3])
             .arg(stTockX)
             .arg(stTockY));
 }

@@ -1,13 +1,22 @@
 #pragma once
 
+#include <QString>
+
+#include <sstream>
 #include <string>
 #include <vector>
+
+class QIODevice;
 
 namespace arbo {
 class BralecStevil;
 }
 
 namespace ecosystem {
+
+namespace simulationEntities {
+class CRastlina;
+}
 
 // The contents of a simulation file (".sim"), read completely and checked
 // before the running simulation is touched, so that a bad file changes nothing.
@@ -41,6 +50,47 @@ public:
 
     enum class Izid { Prebrano, NiOdprta, NapacnoSteviloVrst, Pokvarjena };
 
+    // Text for a device, handed over a piece at a time so that the memory held
+    // does not grow with the file. Numbers in the classic notation.
+    class Pisanje {
+    public:
+        explicit Pisanje(QIODevice& naprava);
+        std::ostream& izhod() { return kos; }
+        // Hands over what has gathered once it is large, or all of it; false
+        // once a write failed.
+        bool odlozi(bool vse = false);
+
+    private:
+        QIODevice& naprava;
+        std::ostringstream kos;
+        bool zapisano = true;
+    };
+
+    // Reads one value after another and keeps, for the first that is missing,
+    // malformed or out of range, its line and what is wrong with it (in the
+    // user's language). Also reads the exact state files.
+    class Branje {
+    public:
+        Branje(arbo::BralecStevil& f, std::string& razlog) : f(f), razlog(razlog) {}
+
+        bool beri(int& v, const char* ime);
+        bool beri(unsigned long long& v, const char* ime);
+        bool beri(bool& v, const char* ime);  // 0 or 1
+        bool beri(float& v, const char* ime); // any finite float
+        bool beri(int& v, const char* ime, int najmanj, int najvec);
+        bool beri(float& v, const char* ime, float najmanj, float najvec);
+        // Always false, with besedilo as the reason.
+        bool napaka(const QString& besedilo);
+        int vrstica() const;
+        arbo::BralecStevil& bralec() { return f; }
+
+    private:
+        arbo::BralecStevil& f;
+        std::string& razlog;
+        template <typename T> bool beriVrednost(T& v, const char* ime);
+        template <typename T, typename M> bool vMejah(T v, const char* ime, M najmanj, M najvec);
+    };
+
     int simulationStepNr = 0;
     int steviloVrst = 0;
     std::vector<std::vector<Rastlina>> rastlineVrst; // per species, oldest first
@@ -56,10 +106,17 @@ public:
     // stTockX x stTockY grid and the lupa too.
     Izid preberi(const std::string& fileName, int pricakovanoStVrst, int stTockX, int stTockY);
 
+    // One plant line as a simulation file holds it (17 values, tab-separated),
+    // in the stream's own number format, without the line end.
+    static void zapisiRastlino(std::ostream& izhod, const simulationEntities::CRastlina& r);
+    // The 17 values of a plant line, each within the limits above.
+    static bool preberiRastlino(Branje& b, int stTockX, int stTockY, Rastlina& rastlina);
+    // Four bounds of a plant area (first and last column, first and last
+    // row) that must lie on the stTockX x stTockY grid.
+    static bool preberiLupo(Branje& b, int stTockX, int stTockY, int (&lupa)[4]);
+
 private:
-    class Branje;
     bool preberiRastline(Branje& b, int stTockX, int stTockY);
-    bool preberiRastlino(Branje& b, int stTockX, int stTockY, Rastlina& rastlina);
     bool preberiOstalo(Branje& b, int stTockX, int stTockY);
 };
 

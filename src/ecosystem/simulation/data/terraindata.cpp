@@ -143,6 +143,10 @@ bool CTerrainData::jeNadVodo(const Tocka2i& pozicija2D) {
 void CTerrainData::buildNonwaterIndexes() {
     nonWaterIndexes.clear();
     noDryLandReported = false;
+    nonWaterLupa[0] = lupaXmin;
+    nonWaterLupa[1] = lupaXmax;
+    nonWaterLupa[2] = lupaYmin;
+    nonWaterLupa[3] = lupaYmax;
     const float waterLevel = waterHeight * visinskaRazlikaNaTerenu;
     auto dry = [&](int index) { return pTerrainVertexData[index].pos.y > waterLevel; };
     // A lupa set past the grid is cut to it.

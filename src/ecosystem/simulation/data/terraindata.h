@@ -57,6 +57,9 @@ public:
     std::unique_ptr<QImage> ortofotoTexture; // 128 x 128, 32-bit RGB
 
     int lupaXmin, lupaXmax, lupaYmin, lupaYmax;
+    // The lupa that nonWaterIndexes was built for: a loaded simulation file
+    // brings its own lupa without building the list again.
+    int nonWaterLupa[4] = {0, 0, 0, 0};
 
     std::unique_ptr<CHeighMapFactory> heighMapFactory;
     std::unique_ptr<CTerrainNormalsFactory> terrainNormalsFactory;
