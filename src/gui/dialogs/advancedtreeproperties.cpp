@@ -62,15 +62,14 @@ double AdvancedTreeProperties::sliderValue(int s, int sliderMax, double scale) {
     return scale == 0 ? double(s) : s / double(sliderMax) * scale;
 }
 
-// The inverse of the slider's mapping, truncated. A value a hair below a step
-// only because it is a binary fraction (0.29 * 10000 = 2899.9999...) or was kept
-// as a float (0.01f / 0.05 * 10000 = 1999.99995) counts as that step, so a
-// value set with the slider shows at the same place again.
+// The inverse of the slider's mapping, truncated toward zero: a float field
+// widened to double shows where its double value lies (0.01f at 1999, the
+// step below 0.01).
 int AdvancedTreeProperties::sliderPosition(double value, int sliderMax, double scale) {
     const double x = scale == 0 ? value : value / scale * sliderMax;
     if (std::isnan(x))
         return 0;
-    return int(std::clamp(x + std::fabs(x) * 1e-6, -2e9, 2e9));
+    return int(std::clamp(x, -2e9, 2e9));
 }
 
 AdvancedTreeProperties::AdvancedTreeProperties(QWidget* parent, arbo::Arbo* tree)
@@ -247,15 +246,17 @@ void AdvancedTreeProperties::loadControls() {
     editLeafType->setCurrentIndex(type >= 0 && type < editLeafType->count() ? type : -1);
 }
 
-// The spin box shows the slider's value (rounded to its decimals), and the
-// tree gets what the spin box shows.
+// The tree gets the slider's value, then the spin box shows it rounded to its
+// decimals; only when that changes what the spin box shows does the spin box
+// write its rounded value in turn.
 void AdvancedTreeProperties::sliderMoved(RowId row, int s) {
     const Row& r = rows[row];
+    const double v = sliderValue(s, r.slider->maximum(), r.scale);
+    r.write(*parametri, v);
     {
         const QScopedValueRollback<bool> guard(fromSlider, true);
-        setSpinValue(r.spin, sliderValue(s, r.slider->maximum(), r.scale));
+        setSpinValue(r.spin, v);
     }
-    r.write(*parametri, spinValue(r.spin));
     refreshIfAutoProof();
 }
 
