@@ -4,6 +4,7 @@
 #include "gui/dialogs/clampingdoublespinbox.h"
 #include "gui/dialogs/clampingspinbox.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -207,6 +208,20 @@ void AdvancedTreeProperties::keyPressEvent(QKeyEvent* event) {
         QDialog::keyPressEvent(event);
 }
 
+// The dialog's own actions (the design undo and redo) keep their keys while a
+// spin box has the focus: it would claim them for its line edit's text undo.
+bool AdvancedTreeProperties::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const QKeySequence key(static_cast<QKeyEvent*>(event)->keyCombination());
+        for (const QAction* a : actions())
+            if (a->isEnabled() && a->shortcuts().contains(key)) {
+                event->ignore();
+                return true;
+            }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
 void AdvancedTreeProperties::addRow(QGridLayout* grid, const QString& label, QSlider*& slider,
                                     int sliderMax, QAbstractSpinBox* spin, double scale,
                                     std::function<double(const arbo::ParametriDrevesa&)> read,
@@ -218,6 +233,7 @@ void AdvancedTreeProperties::addRow(QGridLayout* grid, const QString& label, QSl
     slider->setPageStep(std::max(1, sliderMax / 10));
     auto* text = new QLabel(label, this);
     text->setBuddy(spin);
+    spin->installEventFilter(this);
     // The leaf type's combo box has a row of its own among the sliders.
     const int row = int(rows.size()) < LeafTypeRow ? int(rows.size()) : int(rows.size()) + 1;
     grid->addWidget(text, row, 0);
