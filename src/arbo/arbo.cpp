@@ -184,6 +184,14 @@ void Arbo::drevca(int stZil, int G, int W, double karakteristicnaVisina, double 
                   Presek* presekSpodaj, int idPraveVeje) {
     if (constraint(G, W, stZil))
         return;
+    const int dopustniW = pogled.lowQuality == 0 ? 50 : 10 - pogled.lowQuality;
+    // A full frame gets nothing from here on, so it is not grown: either every
+    // leaf is there and no stem is drawn at this depth or above it, or every
+    // stem is there and no leaf can be added.
+    const bool brezListov = delckiDrevesa.listiPolni() || !pd.listi || pd.gostotaListov <= 0;
+    if ((brezListov && delckiDrevesa.segmentiPolni()) ||
+        (delckiDrevesa.listiPolni() && W >= dopustniW))
+        return;
     // A trunk may run deeper than the tables: it reads their last column.
     const int Wt = W < ParametriDrevesa::stW ? W : ParametriDrevesa::stW - 1;
 
@@ -198,7 +206,6 @@ void Arbo::drevca(int stZil, int G, int W, double karakteristicnaVisina, double 
     double sirinaSpodaj, sirinaZgoraj, L1, l1, L2, l2;
     izracunajDimenzijeVeje(G, Wt, stZil, stZilGlavno, stZilStransko, karakteristicnaVisina,
                            sirinaSpodaj, sirinaZgoraj, L1, l1, L2, l2);
-    const int dopustniW = pogled.lowQuality == 0 ? 50 : 10 - pogled.lowQuality;
 
     double windAngle = 0;
     Tocka windVektor(0, 0, 0);

@@ -108,6 +108,8 @@ void DelckiDrevesa::crta(const float* m, float x0, float y0, float z0, float s0,
 
 void DelckiDrevesa::narisiSteblo(double visina, double sirinaSpodaj, double sirinaZgoraj,
                                  Presek* presekSpodaj, int idVeje) {
+    if (segmentiPolni())
+        return;
     if (serializatorDelckovDrevesa.exportingToPoints)
         serializatorDelckovDrevesa.serializirajVejo(visina, sirinaSpodaj, sirinaZgoraj,
                                                     presekSpodaj, idVeje);
@@ -254,6 +256,8 @@ void DelckiDrevesa::risiList(float velikost) {
 }
 
 void DelckiDrevesa::list(float velikost, int idVeje) {
+    if (listiPolni())
+        return;
     if (serializatorDelckovDrevesa.exportingToPoints)
         serializatorDelckovDrevesa.serializirajList(velikost, idVeje);
     risiList(velikost);
@@ -267,7 +271,7 @@ void DelckiDrevesa::zalistaj(double kotZasukaVeter, const Tocka& v) {
 void DelckiDrevesa::narisiListe(int tipListov, double velikost, double globinaVejice, int stListov,
                                 Tocka& vektorZasukaVeter, int idVeje) {
     const int n = stListov;
-    if (n <= 0)
+    if (n <= 0 || listiPolni())
         return;
     const Tocka& v = vektorZasukaVeter;
     double a = maxKotZasukaVetra;
@@ -281,14 +285,15 @@ void DelckiDrevesa::narisiListe(int tipListov, double velikost, double globinaVe
     const double kot = std::sin(1.97 * pogled.cas) * a;
     double delcek = globinaVejice / n;
     if (pogled.wireframe) {
-        zicnatiListi(velikost, delcek, n);
+        zicnatiListi(velikost, delcek, std::min(n, najvecListov - this->stListov));
         return;
     }
     if (sklad.naGl)
         glBindTexture(GL_TEXTURE_2D, pogled.textureNames[1]);
     const float fv = float(velikost);
+    // A full frame stops adding leaves; those added keep their places.
     auto spirala = [&](int m, double korak) {
-        for (int i = 0; i < m; ++i) {
+        for (int i = 0; i < m && !listiPolni(); ++i) {
             sklad.push();
             sklad.translate(0, 0, -fv);
             if (i > 0)
@@ -329,7 +334,7 @@ void DelckiDrevesa::narisiListe(int tipListov, double velikost, double globinaVe
     }
     case 3: { // Bunched
         const int q = 90 / n;
-        for (int i = 0; i < n; ++i) {
+        for (int i = 0; i < n && !listiPolni(); ++i) {
             sklad.push();
             sklad.rotate(float(i * q - 135), 1, 0, 0);
             sklad.translate(0, 0, fv);
@@ -340,7 +345,7 @@ void DelckiDrevesa::narisiListe(int tipListov, double velikost, double globinaVe
         break;
     }
     case 4: // Coniferous
-        for (int i = 0; i < n; ++i) {
+        for (int i = 0; i < n && !listiPolni(); ++i) {
             sklad.push();
             if (i > 0)
                 sklad.rotate(float(197.0 * i), 0, 1, 0);
@@ -359,6 +364,7 @@ void DelckiDrevesa::narisiListe(int tipListov, double velikost, double globinaVe
 
 // The twig's leaves as one closed outline, no texture and no flutter.
 void DelckiDrevesa::zicnatiListi(double velikost, double delcek, int n) {
+    stListov += n;
     std::vector<float> t;
     for (int i = 0; i < n; ++i) {
         const double y = -i * delcek;

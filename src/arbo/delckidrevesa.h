@@ -29,6 +29,14 @@ public:
     // Stem segments and leaves drawn since the generator's frame began.
     int stSegmentov = 0;
     int stListov = 0;
+    // The most one frame draws: what a tree of 10 000 strands with 30 leaves a
+    // twig grows at most (a segment for every split and every strand's end,
+    // 30 leaves for every strand). Beyond them a frame adds nothing more, so
+    // larger trees cost no more memory and time than that one.
+    static constexpr int najvecSegmentov = 2 * 10000 - 1;
+    static constexpr int najvecListov = 10000 * 30;
+    bool segmentiPolni() const { return stSegmentov >= najvecSegmentov; }
+    bool listiPolni() const { return stListov >= najvecListov; }
 
     DelckiDrevesa(Pogled& pogled, SerializatorDelckovDrevesa& serializatorDelckovDrevesa);
 

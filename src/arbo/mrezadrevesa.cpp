@@ -13,6 +13,13 @@ void MrezaDrevesa::izprazni() {
     }
 }
 
+std::size_t MrezaDrevesa::bajtov() const {
+    std::size_t b = 0;
+    for (const Paket* p : {&lubje, &crte, &listi, &tocke})
+        b += p->oglisca.bajtov() + p->indeksi.bajtov();
+    return b;
+}
+
 namespace {
 void nastaviKazalce(const MrezaDrevesa::Paket& p) {
     using O = MrezaDrevesa::Oglisce;

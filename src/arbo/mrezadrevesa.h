@@ -34,6 +34,7 @@ public:
         void push_back(const T& t) { *dodaj(1) = t; }
         void clear() { n = 0; }
         std::size_t size() const { return n; }
+        std::size_t bajtov() const { return kapaciteta * sizeof(T); } // memory held
         bool empty() const { return n == 0; }
         const T* data() const { return pomnilnik.get(); }
         const T& operator[](std::size_t i) const { return pomnilnik[i]; }
@@ -61,6 +62,8 @@ public:
     Paket tocke; // leaf points, leaf texture
 
     void izprazni();
+    // The memory the packets hold, empty or not.
+    std::size_t bajtov() const;
     // Draws the packets in eye coordinates (the caller's model-view matrix is
     // not used), or, for a mesh grown in the tree's own coordinates, under the
     // caller's model-view matrix; textures as named, texturing as the caller

@@ -16,13 +16,15 @@ public:
     static constexpr int stG = 15; // branching orders in the tables
     static constexpr int stW = 50; // depths in the tables
 
-    // What a parameter file may hold. The species collection uses at most 700
-    // strands, 14 leaves a twig and 4 vertices a curve; the defaults are 1000
-    // strands and 5 leaves. At the limits one frame grows at most 20 000 stem
-    // segments and 300 000 leaves (some 40 ms and 180 MB at the peak; the
-    // largest species has 9800 leaves); larger values only exhaust memory and time.
-    static constexpr int najvecZil = 10000;         // strands in the trunk base, from 0
-    static constexpr int najvecListov = 30;         // leaf density: leaves of a twig, from 0
+    // What a parameter file may hold: the ranges of the advanced properties'
+    // spin boxes, so that every tree made there can be saved and loaded again.
+    // The species collection uses at most 700 strands, 14 leaves a twig and 4
+    // vertices a curve; the defaults are 1000 strands and 5 leaves. However many
+    // strands and leaves a file asks for, one frame grows at most the stem
+    // segments and leaves that 10 000 strands with 30 leaves a twig can give
+    // (DelckiDrevesa::najvecSegmentov, najvecListov).
+    static constexpr int najvecZil = 100000;        // strands in the trunk base, from 0
+    static constexpr int najvecListov = 1000;       // leaf density: leaves of a twig, from 0
     static constexpr int najvecTockKrivulje = 1000; // vertices of a curve, from 2
     // Every other number of the file (trunk height, thickness per strand,
     // angles, gravicentralism, leaf size, wind speed, curve vertices) lies

@@ -293,6 +293,28 @@ private slots:
             const int pricakovano = std::min(stZil, 50) + 5;
             QCOMPARE(trunk, pricakovano);
         }
+        // The default shape at the file's limits would ask for some 10^8
+        // leaves: a frame, drawn or in wire frame, holds what the largest tree
+        // within 10 000 strands and 30 leaves a twig grows, and no more.
+        Arbo a;
+        a.pdPrepared.stVsehZil = ParametriDrevesa::najvecZil;
+        a.pdPrepared.gostotaListov = ParametriDrevesa::najvecListov;
+        for (bool zicnato : {false, true}) {
+            a.pogled.wireframe = zicnato;
+            int stZil;
+            double visina;
+            a.zacniOkvir(stZil, visina);
+            a.zrasti(stZil, visina, arbo::MatrikaSklad::identiteta());
+            const arbo::MrezaDrevesa& m = a.delckiDrevesa.mreza;
+            QCOMPARE(a.delckiDrevesa.stSegmentov, 19999);
+            QCOMPARE(a.delckiDrevesa.stListov, 300000);
+            // Stems of 12 vertices, leaves of 4 and a point; in wire frame
+            // 12 lines a stem, 4 a leaf.
+            QCOMPARE(
+                zicnato ? m.crte.oglisca.size() : m.lubje.oglisca.size() + m.listi.oglisca.size(),
+                zicnato ? size_t(2 * (12 * 19999 + 4 * 300000)) : size_t(12 * 19999 + 4 * 300000));
+            a.delckiDrevesa.mreza.izprazni();
+        }
     }
 
     void levelOfDetailCutsTheTree() {

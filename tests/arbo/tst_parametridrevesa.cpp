@@ -183,14 +183,14 @@ private slots:
         QTest::newRow("missing gravicentralism")
             << skalarji("100 5 0.01 85 1 0.1 5 1.5 0")
             << "line 3: \"0.1\" is not a valid leaves switch (0 or 1)";
-        QTest::newRow("strands at the int limit")
-            << skalarji("2147483647 5 0.01 85 0.3 1 0.1 5 1.5 0")
-            << "line 3: the strand count 2147483647 lies outside 0 to 10000";
+        QTest::newRow("strands one past the limit")
+            << skalarji("100001 5 0.01 85 0.3 1 0.1 5 1.5 0")
+            << "line 3: the strand count 100001 lies outside 0 to 100000";
         QTest::newRow("negative strands") << skalarji("-1 5 0.01 85 0.3 1 0.1 5 1.5 0")
-                                          << "line 3: the strand count -1 lies outside 0 to 10000";
-        QTest::newRow("leaf density at the int limit")
-            << skalarji("100 5 0.01 85 0.3 1 0.1 2147483647 1.5 0")
-            << "line 3: the leaf density 2147483647 lies outside 0 to 30";
+                                          << "line 3: the strand count -1 lies outside 0 to 100000";
+        QTest::newRow("leaf density one past the limit")
+            << skalarji("100 5 0.01 85 0.3 1 0.1 1001 1.5 0")
+            << "line 3: the leaf density 1001 lies outside 0 to 1000";
         QTest::newRow("leaf type 5") << skalarji("100 5 0.01 85 0.3 1 0.1 5 1.5 5")
                                      << "line 3: the leaf type 5 lies outside 0 to 4";
         // A token is kept to 64 characters, and is then no number whatever follows.
@@ -254,7 +254,7 @@ private slots:
     // The largest file the limits allow loads: every count at its limit, every
     // value at its bound, 1000 vertices in every curve.
     void limitsLoad() {
-        std::string s = "b\nl\n10000 1e6 -1e6 1e6 -1e6 1 1e6 30 -1e6 4\n";
+        std::string s = "b\nl\n100000 1e6 -1e6 1e6 -1e6 1 1e6 1000 -1e6 4\n";
         for (int k = 0; k < 12; ++k) {
             s += "1000\n";
             for (int i = 0; i < 1000; ++i)

@@ -102,28 +102,40 @@ void trees(const QTemporaryDir& dir, int runs) {
     std::printf("curve of 10^6 vertices (%.1f MB): refused in %.3f ms\n", megabytes(refused),
                 refuse);
 
-    // The frame of the largest tree: the collection's curves with every strand
-    // and leaf the limits allow, leaves bunched, finest stems.
-    arbo::Arbo tree;
-    tree.pdPrepared = ParametriDrevesa();
-    tree.pdPrepared.stVsehZil = ParametriDrevesa::najvecZil;
-    tree.pdPrepared.gostotaListov = ParametriDrevesa::najvecListov;
-    tree.pdPrepared.tipListov = 3;
-    tree.pogled.highQualityRendering = true;
-    int segments = 0, leaves = 0;
-    const double frame = median(runs, [&] {
-        int stZil = 0;
-        double h = 0;
-        tree.zacniOkvir(stZil, h);
-        tree.zrasti(stZil, h, arbo::MatrikaSklad::identiteta());
-        segments = tree.delckiDrevesa.stSegmentov;
-        leaves = tree.delckiDrevesa.stListov;
-        tree.delckiDrevesa.mreza.izprazni(); // as drawing the frame does
-    });
-    std::printf("frame of %d strands, %d leaves a twig: %d segments, %d leaves in %.0f ms; "
-                "peak so far %ld MB\n",
-                ParametriDrevesa::najvecZil, ParametriDrevesa::najvecListov, segments, leaves,
-                frame, peakMegabytes());
+    // Frames of the default tree's shape, leaves bunched, finest stems: the
+    // most a frame draws (10 000 strands, 30 leaves a twig), the limits, and
+    // the most growing without drawing (every strand a twig of one leaf, or no
+    // leaves, far away).
+    struct Case {
+        int strands, leaves, lod;
+        bool shown;
+    };
+    for (const Case c : {Case{10000, 30, 0, true},
+                         Case{ParametriDrevesa::najvecZil, ParametriDrevesa::najvecListov, 0, true},
+                         Case{ParametriDrevesa::najvecZil, 1, 0, true},
+                         Case{ParametriDrevesa::najvecZil, 5, 5, false}}) {
+        arbo::Arbo tree;
+        tree.pdPrepared.stVsehZil = c.strands;
+        tree.pdPrepared.gostotaListov = c.leaves;
+        tree.pdPrepared.listi = c.shown;
+        tree.pdPrepared.tipListov = 3;
+        tree.pogled.highQualityRendering = true;
+        tree.pogled.lowQuality = c.lod;
+        int segments = 0, leaves = 0;
+        const double frame = median(runs, [&] {
+            int stZil = 0;
+            double h = 0;
+            tree.zacniOkvir(stZil, h);
+            tree.zrasti(stZil, h, arbo::MatrikaSklad::identiteta());
+            segments = tree.delckiDrevesa.stSegmentov;
+            leaves = tree.delckiDrevesa.stListov;
+            tree.delckiDrevesa.mreza.izprazni(); // as drawing the frame does
+        });
+        std::printf("frame of %d strands, leaf density %d%s, level of detail %d: %d segments, %d "
+                    "leaves in %.0f ms; peak so far %ld MB\n",
+                    c.strands, c.leaves, c.shown ? "" : " (hidden)", c.lod, segments, leaves, frame,
+                    peakMegabytes());
+    }
 }
 
 void dem(const QTemporaryDir& dir, int runs) {

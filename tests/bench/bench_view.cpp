@@ -15,8 +15,9 @@
 // VIEW_TERRAIN=400 runs on a 400 x 400 terrain (the default DEM mirrored 4 x 4,
 // its default plant area; the terrain itself is not drawn, its 160 000 vertices
 // being more than its 16-bit indices reach); VIEW_CAMERA="x,y,z,alfa,beta"
-// places the camera; VIEW_ONLY_LAST=1 reports the last step alone (the atlas
-// then starts there, as when the switch is first taken up at that step).
+// places the camera; VIEW_SPECIES=file grows every species from that tree
+// parameter file (one at the file's limits, for the walk's memory); VIEW_ONLY_LAST=1 reports the
+// last step alone (the atlas then starts there, as when the switch is first taken up at that step).
 // With imageDir, the last frame of every reported step is written there as
 // <mode>_<step>.png. Columns: frame_ms (median wall time, glFinish included),
 // walk_ms (plant walk), trees_ms (walk time spent on trees), submit_ms (drawing
@@ -167,6 +168,12 @@ int main(int argc, char** argv) {
     if (mode == "gen")
         for (arbo::Arbo* a : scene.izglediDrevesnihVrst)
             a->delckiDrevesa.risi = false;
+    if (const char* f = getenv("VIEW_SPECIES"))
+        for (arbo::Arbo* a : scene.izglediDrevesnihVrst)
+            if (!a->pdPrepared.loadParameters(f)) {
+                std::printf("cannot load %s\n", f);
+                return 1;
+            }
     if (const int n = envInt("VIEW_TERRAIN", 0); n > 0) {
         enlargeTerrain(*scene.terrainData, n);
         scene.ecosystemSimulation->setTerrainData(*scene.terrainData); // the new grid's cells

@@ -32,11 +32,15 @@ void zrasti(arbo::Arbo& drevo) {
     double visina = 0;
     drevo.zacniOkvir(stZil, visina);
     drevo.zrasti(stZil, visina, arbo::MatrikaSklad::identiteta());
-    // At most two segments and leafDensity leaves for every strand.
+    // At most two segments and leafDensity leaves for every strand, and never
+    // more than a frame holds.
+    const arbo::DelckiDrevesa& d = drevo.delckiDrevesa;
     const long long zil = drevo.pd.stVsehZil;
-    fuzz::zahtevaj(drevo.delckiDrevesa.stSegmentov <= 2 * zil + 2 &&
-                       drevo.delckiDrevesa.stListov <= (zil + 1) * (drevo.pd.gostotaListov + 1),
+    fuzz::zahtevaj(d.stSegmentov <= 2 * zil + 2 &&
+                       d.stListov <= (zil + 1) * (drevo.pd.gostotaListov + 1),
                    "a frame grows no more than the strands allow");
+    fuzz::zahtevaj(d.stSegmentov <= d.najvecSegmentov && d.stListov <= d.najvecListov,
+                   "a frame grows no more than a frame holds");
     drevo.delckiDrevesa.mreza.izprazni();
 }
 

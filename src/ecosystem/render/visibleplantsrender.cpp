@@ -126,6 +126,15 @@ int setUpModelForPlant(arbo::Arbo& drevo, const simulationEntities::CRastlina& r
 
 const float neNastavljeno = std::numeric_limits<float>::quiet_NaN();
 
+// A drawn mesh larger than this gives its memory back: a collection's tree
+// takes a few megabytes, one at a tree file's limits some 100 MB, and each
+// model and job slot would otherwise keep the largest tree it ever held.
+constexpr std::size_t najvecObdrzano = std::size_t(16) << 20;
+void sprostiVeliko(arbo::MrezaDrevesa& m) {
+    if (m.bajtov() > najvecObdrzano)
+        m = arbo::MrezaDrevesa();
+}
+
 } // namespace
 
 // The trees of a walk grown by a pool of threads. The drawing thread hands over
@@ -157,15 +166,18 @@ public:
         int stSegmentov = 0, stListov = 0, idVejaNextPo = 1;
         float barvaStebla[3] = {1, 1, 1};
         float barva[4] = {1, 1, 1, 1};
+        std::size_t bajtov = 0; // the most its mesh can take, counted while on the way
     };
     static constexpr long velikostSklopa = 8; // trees per batch
     // Batches on the way at most: sixteen (fewer made two cores wait for
     // growing), or two for every thread on larger machines; each job keeps its
-    // mesh's memory.
+    // mesh's memory up to najvecObdrzano.
     const long stSklopov;
     const long stPoslov;
+    std::size_t najvecBajtovVLetu = 0; // the walk's VisiblePlantsRender::najvecBajtovVLetu
     const int stPomocnikov;
-    long stKosov = 0; // stems and leaves drawn in this walk
+    long stKosov = 0;            // stems and leaves drawn in this walk
+    std::size_t bajtovVLetu = 0; // the jobs' najvecBajtov, from handed over to drawn
     // The drawing thread's nanoseconds in this walk: drawing, growing, waiting.
     std::int64_t nsRisanje = 0, nsRast = 0, nsCakanje = 0;
 
@@ -183,8 +195,9 @@ public:
     }
 
     // Starts a walk over the models' trees.
-    void zacni(const std::vector<arbo::Arbo*>& modeli) {
+    void zacni(const std::vector<arbo::Arbo*>& modeli, std::size_t najvecBajtovVLetu) {
         this->modeli = modeli;
+        this->najvecBajtovVLetu = najvecBajtovVLetu;
         ++hod;
         for (auto& d : dvojniki)
             while (d.size() < modeli.size())
@@ -211,9 +224,19 @@ public:
     }
 
     void oddaj(const Flags& flags) {
+        Posel& p = posli[std::size_t(oddanih % stPoslov)];
+        p.bajtov = p.drevo ? najvecBajtov(p) : 0;
+        bajtovVLetu += p.bajtov;
         ++oddanih;
         if (oddanih % velikostSklopa == 0)
             zapri(velikostSklopa);
+        // Too much memory on the way: the open batch is closed early, and the
+        // oldest jobs are drawn (grown here if need be) until it fits again.
+        if (bajtovVLetu > najvecBajtovVLetu) {
+            zapriOdprtiSklop();
+            while (bajtovVLetu > najvecBajtovVLetu && narisanih < oddanih)
+                narisi(flags);
+        }
         // Draw what is ready without waiting.
         while (narisanih < oddanih && gotov(narisanih / velikostSklopa))
             narisi(flags);
@@ -221,11 +244,7 @@ public:
 
     // Draws every job left.
     void koncaj(const Flags& flags) {
-        const long delni = oddanih % velikostSklopa;
-        if (delni != 0) {
-            zapri(delni);
-            oddanih += velikostSklopa - delni; // the next walk starts a batch
-        }
+        zapriOdprtiSklop();
         while (narisanih < oddanih)
             narisi(flags);
     }
@@ -260,6 +279,40 @@ private:
 
     bool gotov(long sklop) const {
         return koncanSklop[std::size_t(sklop % stSklopov)] == sklop + 1;
+    }
+
+    // A batch of fewer jobs; the next job starts a batch of its own.
+    void zapriOdprtiSklop() {
+        const long delni = oddanih % velikostSklopa;
+        if (delni != 0) {
+            zapri(delni);
+            oddanih += velikostSklopa - delni;
+        }
+    }
+
+    // The most memory the job's mesh can take: a stem at most 66 vertices and
+    // 300 indices (fine) or 24 and 30, a leaf 8 and 8 (in wire frame), for as
+    // many as its strands and leaf density give, a frame holds, and its level
+    // of detail lets grow: each segment splits in two, stems are drawn above
+    // depth d and twigs end by depth d * d + 1.
+    static std::size_t najvecBajtov(const Posel& p) {
+        using D = arbo::DelckiDrevesa;
+        const arbo::ParametriDrevesa& pd = p.model->pd;
+        const int lod = p.pogled.lowQuality, d = lod == 0 ? 50 : 10 - lod;
+        auto doGlobine = [](int w) { // segments at depths 0 to w at most
+            return w < 0 ? 0 : w > 40 ? std::size_t(-1) : (std::size_t(2) << w) - 1;
+        };
+        const std::size_t zil = std::size_t(std::max(p.stZil, 0));
+        const std::size_t segmentov =
+            std::min({2 * zil, std::size_t(D::najvecSegmentov), doGlobine(d - 1)});
+        const std::size_t vejic = std::min(zil, doGlobine(d * d + 1));
+        const std::size_t listov =
+            pd.listi ? std::min(vejic * std::size_t(std::max(pd.gostotaListov, 0)),
+                                std::size_t(D::najvecListov))
+                     : 0;
+        const bool fino = p.pogled.highQualityRendering && lod == 0;
+        const std::size_t o = sizeof(arbo::MrezaDrevesa::Oglisce), i = sizeof(std::uint32_t);
+        return segmentov * (fino ? 66 * o + 300 * i : 24 * o + 30 * i) + listov * (8 * o + 8 * i);
     }
 
     void zapri(long stPoslovSklopa) {
@@ -360,6 +413,7 @@ private:
         if (k % velikostSklopa >= stVSklopu[std::size_t(sklop % stSklopov)])
             return; // past the end of a walk's last batch
         Posel& p = posli[std::size_t(k % stPoslov)];
+        bajtovVLetu -= p.bajtov;
         arbo::Arbo& a = *p.model;
         glPushMatrix();
         glTranslatef(p.rastlina->pozicija3D.x, p.rastlina->pozicija3D.y, p.rastlina->pozicija3D.z);
@@ -379,6 +433,7 @@ private:
             a.delckiDrevesa.nastaviBarvo(p.barva[0], p.barva[1], p.barva[2], p.barva[3]);
         a.delckiDrevesa.narisiZbrano();
         std::swap(a.delckiDrevesa.mreza, p.mreza);
+        sprostiVeliko(p.mreza);
         stKosov += p.stSegmentov + p.stListov;
         a.delckiDrevesa.stSegmentov = p.stSegmentov;
         a.delckiDrevesa.stListov = p.stListov;
@@ -490,7 +545,7 @@ int VisiblePlantsRender::render(std::vector<simulationEntities::CVrstaRastlin>& 
     if (vzporedniRast) {
         if (!rastoci || rastoci->stPomocnikov != stNiti - 1)
             rastoci = std::make_unique<Rastoci>(stNiti - 1);
-        rastoci->zacni(izglediDrevesnihVrst);
+        rastoci->zacni(izglediDrevesnihVrst, najvecBajtovVLetu);
     }
     // Impostors stand in for far trees, except in wire frame.
     const bool impostorji = flags.fastDistantTrees && !flags.wireframe && !flags.doNotDrawTrees;
@@ -568,6 +623,7 @@ int VisiblePlantsRender::render(std::vector<simulationEntities::CVrstaRastlin>& 
                 QElapsedTimer treeTimer;
                 treeTimer.start();
                 drevo->drawSingleTreeAwayLOD(lod);
+                sprostiVeliko(drevo->delckiDrevesa.mreza);
                 treesNs += treeTimer.nsecsElapsed();
                 kosovPrejsnjegaSprehoda +=
                     drevo->delckiDrevesa.stSegmentov + drevo->delckiDrevesa.stListov;

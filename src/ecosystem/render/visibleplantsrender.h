@@ -2,6 +2,7 @@
 
 #include "arbo/tocka.h"
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -66,6 +67,11 @@ public:
     // The walk after one that drew fewer stems and leaves than this stays on
     // this thread: handing trees over would cost more than it saves.
     long najmanjKosovZaVzporedno = 200000;
+    // The most memory the meshes of the trees handed over may take, as their
+    // strands tell: a tree of the collection asks for a few megabytes, one at a
+    // tree file's limits for some 100 MB. Beyond it the growers wait for the
+    // drawing, so trees of any size keep the walk's memory bounded.
+    std::size_t najvecBajtovVLetu = std::size_t(512) << 20;
 
     VisiblePlantsRender();
     ~VisiblePlantsRender();

@@ -128,6 +128,11 @@ bool HoverPoints::mousePressed(const QPointF& position, Qt::MouseButton button) 
         if (locks[hit] == 0) {
             pointList.remove(hit);
             locks.erase(locks.begin() + hit);
+            // A drag under way keeps its point, or ends with it.
+            if (hit == currentIndex)
+                currentIndex = -1;
+            else if (hit < currentIndex)
+                --currentIndex;
             firePointChange();
         }
         return true;

@@ -4,6 +4,7 @@
 #include "gui/dialogs/clampingdoublespinbox.h"
 #include "gui/dialogs/clampingspinbox.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -62,15 +63,14 @@ double AdvancedTreeProperties::sliderValue(int s, int sliderMax, double scale) {
     return scale == 0 ? double(s) : s / double(sliderMax) * scale;
 }
 
-// The inverse of the slider's mapping, truncated. A value a hair below a step
-// only because it is a binary fraction (0.29 * 10000 = 2899.9999...) or was kept
-// as a float (0.01f / 0.05 * 10000 = 1999.99995) counts as that step, so a
-// value set with the slider shows at the same place again.
+// The inverse of the slider's mapping, truncated toward zero: a float field
+// widened to double shows where its double value lies (0.01f at 1999, the
+// step below 0.01).
 int AdvancedTreeProperties::sliderPosition(double value, int sliderMax, double scale) {
     const double x = scale == 0 ? value : value / scale * sliderMax;
     if (std::isnan(x))
         return 0;
-    return int(std::clamp(x + std::fabs(x) * 1e-6, -2e9, 2e9));
+    return int(std::clamp(x, -2e9, 2e9));
 }
 
 AdvancedTreeProperties::AdvancedTreeProperties(QWidget* parent, arbo::Arbo* tree)
@@ -208,6 +208,20 @@ void AdvancedTreeProperties::keyPressEvent(QKeyEvent* event) {
         QDialog::keyPressEvent(event);
 }
 
+// The dialog's own actions (the design undo and redo) keep their keys while a
+// spin box has the focus: it would claim them for its line edit's text undo.
+bool AdvancedTreeProperties::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const QKeySequence key(static_cast<QKeyEvent*>(event)->keyCombination());
+        for (const QAction* a : actions())
+            if (a->isEnabled() && a->shortcuts().contains(key)) {
+                event->ignore();
+                return true;
+            }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
 void AdvancedTreeProperties::addRow(QGridLayout* grid, const QString& label, QSlider*& slider,
                                     int sliderMax, QAbstractSpinBox* spin, double scale,
                                     std::function<double(const arbo::ParametriDrevesa&)> read,
@@ -219,6 +233,7 @@ void AdvancedTreeProperties::addRow(QGridLayout* grid, const QString& label, QSl
     slider->setPageStep(std::max(1, sliderMax / 10));
     auto* text = new QLabel(label, this);
     text->setBuddy(spin);
+    spin->installEventFilter(this);
     // The leaf type's combo box has a row of its own among the sliders.
     const int row = int(rows.size()) < LeafTypeRow ? int(rows.size()) : int(rows.size()) + 1;
     grid->addWidget(text, row, 0);
@@ -247,15 +262,17 @@ void AdvancedTreeProperties::loadControls() {
     editLeafType->setCurrentIndex(type >= 0 && type < editLeafType->count() ? type : -1);
 }
 
-// The spin box shows the slider's value (rounded to its decimals), and the
-// tree gets what the spin box shows.
+// The tree gets the slider's value, then the spin box shows it rounded to its
+// decimals; only when that changes what the spin box shows does the spin box
+// write its rounded value in turn.
 void AdvancedTreeProperties::sliderMoved(RowId row, int s) {
     const Row& r = rows[row];
+    const double v = sliderValue(s, r.slider->maximum(), r.scale);
+    r.write(*parametri, v);
     {
         const QScopedValueRollback<bool> guard(fromSlider, true);
-        setSpinValue(r.spin, sliderValue(s, r.slider->maximum(), r.scale));
+        setSpinValue(r.spin, v);
     }
-    r.write(*parametri, spinValue(r.spin));
     refreshIfAutoProof();
 }
 

@@ -92,6 +92,7 @@ public slots:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     // One value: its slider (value = s / sliderMax * scale, or s itself when

@@ -125,7 +125,8 @@ class TestPlantDrawingPaths : public QObject {
     }
 
     // Three frames of the walk.
-    std::vector<QImage> frames(Modeli& modeli, int niti, std::vector<bool>& parallel) {
+    std::vector<QImage> frames(Modeli& modeli, int niti, std::vector<bool>& parallel,
+                               std::size_t bajtov = std::size_t(512) << 20) {
         ecosystem::render::Camera camera(nullptr, data.get());
         camera.x = 0.0f;
         camera.y = eyeY;
@@ -133,6 +134,7 @@ class TestPlantDrawingPaths : public QObject {
         VisiblePlantsRender render;
         render.stNiti = niti;
         render.najmanjKosovZaVzporedno = 0;
+        render.najvecBajtovVLetu = bajtov;
         std::vector<QImage> slike;
         // Plain, wire frame, and with the neighbourhood disks between the trees.
         const VisiblePlantsRender::Flags flagsOfFrame[3] = {
@@ -184,21 +186,26 @@ private slots:
         arbo::GlTexture::release(listi);
     }
 
+    // With little memory for the trees on the way, every tree handed over
+    // closes its batch and is drawn before the next is handed over.
     void sameFramesAndStateOnBothPaths_data() {
         QTest::addColumn<int>("niti");
-        QTest::newRow("2 threads") << 2;
-        QTest::newRow("3 threads") << 3;
-        QTest::newRow("7 threads") << 7;
+        QTest::addColumn<qulonglong>("bajtov");
+        QTest::newRow("2 threads") << 2 << qulonglong(512) * 1024 * 1024;
+        QTest::newRow("3 threads") << 3 << qulonglong(512) * 1024 * 1024;
+        QTest::newRow("7 threads") << 7 << qulonglong(512) * 1024 * 1024;
+        QTest::newRow("2 threads, little memory") << 2 << qulonglong(1);
     }
 
     void sameFramesAndStateOnBothPaths() {
         if (!haveGl)
             QSKIP("no OpenGL context");
         QFETCH(int, niti);
+        QFETCH(qulonglong, bajtov);
         Modeli zaporedni(lubje, listi), vzporedni(lubje, listi);
         std::vector<bool> naDrugiNiti, naIstiNiti;
         const std::vector<QImage> a = frames(zaporedni, 1, naIstiNiti);
-        const std::vector<QImage> b = frames(vzporedni, niti, naDrugiNiti);
+        const std::vector<QImage> b = frames(vzporedni, niti, naDrugiNiti, bajtov);
         QCOMPARE(naIstiNiti, (std::vector<bool>{false, false, false}));
         QCOMPARE(naDrugiNiti, (std::vector<bool>{true, true, true}));
         for (int lod = 0; lod < 10; ++lod)

@@ -272,6 +272,18 @@ private slots:
         const QByteArray s2 = saved("s2.tree.xml");
         QVERIFY(s0 != s1 && s1 != s2);
 
+        // The keys reach the dialog's undo and redo while a spin box has the
+        // focus, as it has after typing (its line edit would take them).
+        a->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(a));
+        a->editTrinkHeight->setFocus();
+        QCOMPARE(QApplication::focusWidget(), a->editTrinkHeight);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(saved("now.tree.xml"), s1);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z,
+                        Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(saved("now.tree.xml"), s2);
+
         d->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(d));
         QTest::keyClick(d, Qt::Key_Z, Qt::ControlModifier);

@@ -1,6 +1,7 @@
 #include "arbo/parametridrevesa.h"
 #include "gui/design/hoverpoints.h"
 #include "gui/design/widgetgraph.h"
+#include "support/mouseover.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -98,6 +99,24 @@ private slots:
         mouse(&g, QEvent::MouseButtonPress, {102, 22}, Qt::RightButton);
         QCOMPARE(g.points(), QPolygonF({{0, 50}, {200, 80}, {300, 50}}));
         QCOMPARE(g.hoverPoints->locks.size(), size_t(3));
+
+        // While the left button drags a point, a right press removes the point
+        // before it: the drag goes on with its own point until a button is
+        // released; a right press on the dragged point itself ends the drag.
+        prepare(g);
+        const Qt::MouseButtons both = Qt::LeftButton | Qt::RightButton;
+        QTest::mousePress(&g, Qt::LeftButton, {}, QPoint(200, 80));
+        QTest::mousePress(&g, Qt::RightButton, {}, QPoint(100, 20));
+        mouseOver(&g, QPoint(180, 60), both);
+        QCOMPARE(g.points(), QPolygonF({{0, 50}, {180, 60}, {300, 50}}));
+        QTest::mouseRelease(&g, Qt::RightButton, {}, QPoint(180, 60));
+        QTest::mouseRelease(&g, Qt::LeftButton, {}, QPoint(180, 60));
+        QTest::mousePress(&g, Qt::LeftButton, {}, QPoint(180, 60));
+        QTest::mousePress(&g, Qt::RightButton, {}, QPoint(180, 60));
+        mouseOver(&g, QPoint(150, 10), both);
+        QCOMPARE(g.points(), QPolygonF({{0, 50}, {300, 50}}));
+        QTest::mouseRelease(&g, Qt::RightButton, {}, QPoint(150, 10));
+        QTest::mouseRelease(&g, Qt::LeftButton, {}, QPoint(150, 10));
     }
 
     // Hover reports the position; not editable, points stay; disabled, hover

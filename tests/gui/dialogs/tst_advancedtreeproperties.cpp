@@ -69,18 +69,22 @@ class TestAdvancedTreeProperties : public QObject {
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale::c()); }
 
-    // The spin box shows s / max * scale (rounded to its decimals) and the
-    // field gets what it shows; the float fields as floats.
+    // The field gets s / max * scale and the spin box shows it rounded to its
+    // decimals; when that changes what the spin box shows, the field gets the
+    // rounded value in turn. The float fields as floats.
     void slidersMoveSpinBoxesAndFields_data() {
         QTest::addColumn<QString>("row");
         QTest::addColumn<int>("s"); // -1: Home key, -2: End key
         QTest::addColumn<double>("shown");
-        auto row = [](const char* name, int s, double shown) {
-            QTest::addRow("%s %d", name, s) << QString(name) << s << shown;
+        QTest::addColumn<double>("written");
+        auto row = [](const char* name, int s, double shown, double written = -1) {
+            QTest::addRow("%s %d", name, s)
+                << QString(name) << s << shown << (written < 0 ? shown : written);
         };
         row("NumberOfStrands", -1, 0);
         row("NumberOfStrands", 2500, 2500);
         row("NumberOfStrands", -2, 5000);
+        row("TrinkHeight", -1, 0);
         row("TrinkHeight", 1, 0.001);
         row("TrinkHeight", 2500, 2.5);
         row("TrinkHeight", -2, 10);
@@ -90,15 +94,18 @@ private slots:
         row("Gravicentralism", -1, 0);
         row("Gravicentralism", 2900, 0.29);
         row("Gravicentralism", -2, 1);
+        row("PhyllotaxisAngle", -1, 0);
         row("PhyllotaxisAngle", 137, 137);
         row("PhyllotaxisAngle", -2, 360);
         row("LeafDensity", -1, 0);
         row("LeafDensity", 14, 14);
         row("LeafDensity", -2, 30);
-        row("LeafSize", 1, 0); // 0.00003 shows as 0.000
+        row("LeafSize", 1, 0);               // 0.00003 shows as 0.000
+        row("LeafSize", 3334, 0.1, 0.10002); // shows 0.100 as before: the slider's value stays
         row("LeafSize", 5000, 0.15);
         row("LeafSize", -2, 0.3);
         row("WindSpeed", 1, 0.001);
+        row("WindSpeed", 5000, 5);
         row("WindSpeed", -2, 10);
         row("WindSpeedNodirect", -1, 0);
         row("WindSpeedNodirect", 7000, 7);
@@ -108,6 +115,7 @@ private slots:
         QFETCH(QString, row);
         QFETCH(int, s);
         QFETCH(double, shown);
+        QFETCH(double, written);
         open();
         QSignalSpy refresh(d.get(), &AdvancedTreeProperties::forceRefresh);
         if (s < 0)
@@ -116,41 +124,50 @@ private slots:
             slider(row)->setValue(s);
         QCOMPARE(value(spin(row)), shown);
         const bool isFloat = row == "BranchThicknessPerStrand" || row == "LeafSize";
-        QCOMPARE(field(row), isFloat ? double(float(shown)) : shown);
+        QCOMPARE(field(row), isFloat ? double(float(written)) : written);
         QVERIFY(refresh.count() >= 1);
     }
 
     // A typed value is written and puts the slider at the inverse of the
-    // mapping (truncated; a binary fraction just below a step counts as that
-    // step); beyond the slider's range the slider stays; beyond the spin box's
-    // range the value is clamped.
+    // mapping, truncated toward zero (0.57 lies just below 5700); beyond the
+    // slider's range the slider stays; beyond the spin box's range the value
+    // is clamped.
     void spinBoxesMoveSlidersBack_data() {
         QTest::addColumn<QString>("row");
         QTest::addColumn<QString>("typed");
         QTest::addColumn<double>("written");
         QTest::addColumn<int>("position"); // -1: where it was
-        QTest::newRow("height") << "TrinkHeight"
-                                << "7.5" << 7.5 << 7500;
-        QTest::newRow("thickness") << "BranchThicknessPerStrand"
-                                   << "0.012" << double(0.012f) << 2400;
-        QTest::newRow("gravicentralism") << "Gravicentralism"
-                                         << "0.29" << 0.29 << 2900;
-        QTest::newRow("phyllotaxis") << "PhyllotaxisAngle"
-                                     << "137.5" << 137.5 << 137;
-        QTest::newRow("strands") << "NumberOfStrands"
-                                 << "9000" << 9000.0 << -1;
-        QTest::newRow("strands clamped") << "NumberOfStrands"
-                                         << "20000" << 10000.0 << -1;
-        QTest::newRow("density") << "LeafDensity"
-                                 << "25" << 25.0 << 25;
-        QTest::newRow("leaf size") << "LeafSize"
-                                   << "2" << 2.0 << -1;
-        QTest::newRow("density clamped") << "LeafDensity"
-                                         << "5000" << 30.0 << 30;
-        QTest::newRow("wind clamped") << "WindSpeed"
-                                      << "5000" << 1000.0 << -1;
-        QTest::newRow("thickness clamped") << "BranchThicknessPerStrand"
-                                           << "7" << 1.0 << -1;
+        auto row = [](const char* name, const char* row, const char* typed, double written,
+                      int position) {
+            QTest::newRow(name) << QString(row) << QString(typed) << written << position;
+        };
+        row("height", "TrinkHeight", "7.5", 7.5, 7500);
+        row("height 0", "TrinkHeight", "0", 0, 0);
+        row("height at the slider's top", "TrinkHeight", "10", 10, 10000);
+        row("height at the top", "TrinkHeight", "100", 100, -1);
+        row("thickness", "BranchThicknessPerStrand", "0.012", double(0.012f), 2400);
+        row("thickness 0", "BranchThicknessPerStrand", "0", 0, 0);
+        row("thickness clamped", "BranchThicknessPerStrand", "7", 1, -1);
+        row("gravicentralism", "Gravicentralism", "0.57", 0.57, 5699);
+        row("gravicentralism at the top", "Gravicentralism", "1", 1, 10000);
+        row("phyllotaxis", "PhyllotaxisAngle", "137.5", 137.5, 137);
+        row("phyllotaxis 0", "PhyllotaxisAngle", "0", 0, 0);
+        row("phyllotaxis at the top", "PhyllotaxisAngle", "360", 360, 360);
+        row("strands 0", "NumberOfStrands", "0", 0, 0);
+        row("strands", "NumberOfStrands", "9000", 9000, -1);
+        row("strands at the top", "NumberOfStrands", "100000", 100000, -1);
+        row("strands clamped", "NumberOfStrands", "200000", 100000, -1);
+        row("density", "LeafDensity", "25", 25, 25);
+        row("density 0", "LeafDensity", "0", 0, 0);
+        row("density beyond the slider", "LeafDensity", "100", 100, -1);
+        row("density clamped", "LeafDensity", "5000", 1000, -1);
+        row("leaf size", "LeafSize", "2", 2, -1);
+        row("leaf size at the top", "LeafSize", "1000", 1000, -1);
+        row("wind 0", "WindSpeed", "0", 0, 0);
+        row("wind clamped", "WindSpeed", "5000", 1000, -1);
+        row("nonuniform wind", "WindSpeedNodirect", "4.2", 4.2, 4200);
+        row("nonuniform wind 0", "WindSpeedNodirect", "0", 0, 0);
+        row("nonuniform wind at the top", "WindSpeedNodirect", "1000", 1000, -1);
     }
     void spinBoxesMoveSlidersBack() {
         QFETCH(QString, row);
@@ -178,7 +195,7 @@ private slots:
         QCOMPARE(slider("NumberOfStrands")->value(), 5000);
         QCOMPARE(value(spin("NumberOfStrands")), 8000.0);
         QCOMPARE(slider("TrinkHeight")->value(), 5000);
-        QCOMPARE(slider("BranchThicknessPerStrand")->value(), 2000);
+        QCOMPARE(slider("BranchThicknessPerStrand")->value(), 1999); // 0.01f lies below 0.01
         QCOMPARE(slider("PhyllotaxisAngle")->value(), 137);
         QCOMPARE(value(spin("PhyllotaxisAngle")), 137.51);
         QCOMPARE(d->editLeafType->currentIndex(), 4);
@@ -194,7 +211,9 @@ private slots:
         QSignalSpy refresh(d.get(), &AdvancedTreeProperties::forceRefresh);
         QTest::keyClick(slider("TrinkHeight"), Qt::Key_End);
         type(spin("LeafSize"), "0.7");
-        d->editLeafType->setCurrentIndex(3);
+        for (int i = 0; i < 3; ++i)
+            QTest::keyClick(d->editLeafType, Qt::Key_Down);
+        QCOMPARE(tree->pdPrepared.tipListov, 3);
         QCOMPARE(tree->pdPrepared.dolzinaDebla, 10.0);
         QCOMPARE(refresh.count(), 0);
         QTest::mouseClick(d->findChild<QPushButton*>("cancelButton"), Qt::LeftButton);
