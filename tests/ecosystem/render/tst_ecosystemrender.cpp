@@ -63,7 +63,7 @@ private slots:
         QCOMPARE(catcher.lines(),
                  std::vector<std::string>{
                      "Error: Could not open file.\n\nbin/zbirka-4/javorVelikZgorajGost.tree.xml: "
-                     "line 3: the strand count 2147483647 lies outside 0 to 10000\n\nThese "
+                     "line 3: the strand count 2147483647 lies outside 0 to 100000\n\nThese "
                      "species are drawn with the default tree."});
         const int strands[6] = {400, 650, 1000, 900, 250, 1000};
         for (int i = 0; i < 6; ++i)
