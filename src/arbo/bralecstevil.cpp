@@ -2,6 +2,7 @@
 
 #include <QIODevice>
 
+#include <algorithm>
 #include <cfloat>
 #include <charconv>
 #include <cmath>
@@ -40,19 +41,29 @@ void BralecStevil::preskociPresledke() {
         vzemi();
 }
 
+// Scans the loaded piece directly; only a token that runs past the end of the
+// piece goes on byte by byte into the next one.
 bool BralecStevil::naslednjiZeton() {
     preskociPresledke();
     vrsticaZetona = trenutnaVrstica;
-    besediloZetona.clear();
-    predolg = false;
-    // A token of any length is read to its end (time linear in the file), but
-    // only its first najdaljsiZeton characters are kept.
-    for (int c = poglej(); c >= 0 && !jePresledek(c); c = poglej()) {
-        if (int(besediloZetona.size()) < najdaljsiZeton)
-            besediloZetona.push_back(char(c));
-        else
-            predolg = true;
-        vzemi();
+    const char* podatki = kos.constData();
+    const int velikost = int(kos.size());
+    int konec = pozicija;
+    while (konec < velikost && !jePresledek(static_cast<unsigned char>(podatki[konec])))
+        ++konec;
+    besediloZetona.assign(podatki + pozicija, size_t(std::min(konec - pozicija, najdaljsiZeton)));
+    predolg = konec - pozicija > najdaljsiZeton;
+    pozicija = konec;
+    if (konec == velikost) {
+        // A token of any length is read to its end (time linear in the file), but
+        // only its first najdaljsiZeton characters are kept.
+        for (int c = poglej(); c >= 0 && !jePresledek(c); c = poglej()) {
+            if (int(besediloZetona.size()) < najdaljsiZeton)
+                besediloZetona.push_back(char(c));
+            else
+                predolg = true;
+            vzemi();
+        }
     }
     return !besediloZetona.empty() && !predolg;
 }

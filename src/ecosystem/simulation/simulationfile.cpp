@@ -135,12 +135,15 @@ CSimulationFile::Izid CSimulationFile::preberi(const std::string& fileName, int 
         return Izid::Pokvarjena;
     if (steviloVrst != pricakovanoStVrst)
         return Izid::NapacnoSteviloVrst;
-    if (!preberiRastline(b, stTockX, stTockY) || !preberiOstalo(b, stTockX, stTockY))
+    // A plant's line holds 17 numbers, each of at least one character and a separator.
+    const qint64 najvecVDatoteki = datoteka.size() / 34 + 1;
+    if (!preberiRastline(b, stTockX, stTockY, najvecVDatoteki) ||
+        !preberiOstalo(b, stTockX, stTockY))
         return Izid::Pokvarjena;
     return Izid::Prebrano;
 }
 
-bool CSimulationFile::preberiRastline(Branje& b, int stTockX, int stTockY) {
+bool CSimulationFile::preberiRastline(Branje& b, int stTockX, int stTockY, qint64 najvecVDatoteki) {
     rastlineVrst.assign(steviloVrst, {});
     int vseh = 0;
     for (std::vector<Rastlina>& rastline : rastlineVrst) {
@@ -149,8 +152,8 @@ bool CSimulationFile::preberiRastline(Branje& b, int stTockX, int stTockY) {
                     0, najvecRastlin - vseh))
             return false;
         vseh += stRastlin;
-        // Room grows with the plants read, not with the count the file claims.
-        rastline.reserve(std::min(stRastlin, 4096));
+        // Room for the plants the file claims only as far as its size can hold them.
+        rastline.reserve(size_t(std::min<qint64>(stRastlin, najvecVDatoteki)));
         for (int i = 0; i < stRastlin; ++i) {
             Rastlina rastlina;
             if (!preberiRastlino(b, stTockX, stTockY, rastlina))

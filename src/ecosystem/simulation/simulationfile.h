@@ -116,7 +116,8 @@ public:
     static bool preberiLupo(Branje& b, int stTockX, int stTockY, int (&lupa)[4]);
 
 private:
-    bool preberiRastline(Branje& b, int stTockX, int stTockY);
+    // najvecVDatoteki: the most plants the file's size leaves room for.
+    bool preberiRastline(Branje& b, int stTockX, int stTockY, qint64 najvecVDatoteki);
     bool preberiOstalo(Branje& b, int stTockX, int stTockY);
 };
 
