@@ -22,6 +22,7 @@ BralecStevil::BralecStevil(QIODevice& naprava) : naprava(naprava) {}
 
 int BralecStevil::poglej() {
     if (pozicija >= kos.size()) {
+        ohraniZeton();
         kos = naprava.read(velikostKosa);
         pozicija = 0;
         if (kos.isEmpty())
@@ -42,7 +43,7 @@ void BralecStevil::preskociPresledke() {
 }
 
 // Scans the loaded piece directly; only a token that runs past the end of the
-// piece goes on byte by byte into the next one.
+// piece is gathered byte by byte into besediloZetona.
 bool BralecStevil::naslednjiZeton() {
     preskociPresledke();
     vrsticaZetona = trenutnaVrstica;
@@ -51,10 +52,12 @@ bool BralecStevil::naslednjiZeton() {
     int konec = pozicija;
     while (konec < velikost && !jePresledek(static_cast<unsigned char>(podatki[konec])))
         ++konec;
-    besediloZetona.assign(podatki + pozicija, size_t(std::min(konec - pozicija, najdaljsiZeton)));
+    zetonVKosu = pozicija;
+    dolzinaZetona = std::min(konec - pozicija, najdaljsiZeton);
     predolg = konec - pozicija > najdaljsiZeton;
     pozicija = konec;
     if (konec == velikost) {
+        ohraniZeton();
         // A token of any length is read to its end (time linear in the file), but
         // only its first najdaljsiZeton characters are kept.
         for (int c = poglej(); c >= 0 && !jePresledek(c); c = poglej()) {
@@ -64,8 +67,21 @@ bool BralecStevil::naslednjiZeton() {
                 predolg = true;
             vzemi();
         }
+        dolzinaZetona = int(besediloZetona.size());
     }
-    return !besediloZetona.empty() && !predolg;
+    return dolzinaZetona > 0 && !predolg;
+}
+
+void BralecStevil::ohraniZeton() const {
+    if (zetonVKosu < 0)
+        return;
+    besediloZetona.assign(kos.constData() + zetonVKosu, size_t(dolzinaZetona));
+    zetonVKosu = -1;
+}
+
+const std::string& BralecStevil::zeton() const {
+    ohraniZeton();
+    return besediloZetona;
 }
 
 // A leading '+' is taken as the stream readers take it; "+-1" is no number.
@@ -73,8 +89,8 @@ bool BralecStevil::naslednjiZeton() {
 template <typename T> bool BralecStevil::stevilo(T& vrednost) {
     if (!naslednjiZeton())
         return false;
-    const char* b = besediloZetona.data();
-    const char* e = b + besediloZetona.size();
+    const char* b = zetonVKosu >= 0 ? kos.constData() + zetonVKosu : besediloZetona.data();
+    const char* e = b + dolzinaZetona;
     if (*b == '+' && e - b > 1 && b[1] != '-')
         ++b;
     T v{};

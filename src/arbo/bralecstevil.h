@@ -39,7 +39,7 @@ public:
     // The line (from 1) of the last token read, and its text: empty when the
     // data ended before it, cut to najdaljsiZeton characters when longer.
     int vrstica() const { return vrsticaZetona; }
-    const std::string& zeton() const { return besediloZetona; }
+    const std::string& zeton() const;
 
 private:
     QIODevice& naprava;
@@ -47,7 +47,11 @@ private:
     int pozicija = 0;
     int trenutnaVrstica = 1;
     int vrsticaZetona = 1;
-    std::string besediloZetona;
+    // A token inside the loaded piece is converted from there; its text is
+    // copied out only when asked for or before the piece is replaced.
+    mutable std::string besediloZetona;
+    mutable int zetonVKosu = -1; // where in kos, or -1: the text is in besediloZetona
+    int dolzinaZetona = 0;
     bool predolg = false;
 
     // The next byte without taking it; -1 at the end of the data.
@@ -57,6 +61,7 @@ private:
     // The next token into besediloZetona; false at the end of the data and for
     // a token longer than najdaljsiZeton.
     bool naslednjiZeton();
+    void ohraniZeton() const;
     template <typename T> bool stevilo(T& vrednost);
 };
 
