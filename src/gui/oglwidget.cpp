@@ -9,6 +9,7 @@
 #include <QOpenGLContext>
 #include <QOpenGLFramebufferObject>
 #include <QOpenGLFunctions>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <memory>
@@ -177,21 +178,6 @@ struct TreeStates {
     }
 };
 
-class HoldTime {
-public:
-    explicit HoldTime(ecosystem::render::EcosystemRender& scene)
-        : scene(scene), before(scene.holdTime) {
-        scene.holdTime = true;
-    }
-    ~HoldTime() { scene.holdTime = before; }
-    HoldTime(const HoldTime&) = delete;
-    HoldTime& operator=(const HoldTime&) = delete;
-
-private:
-    ecosystem::render::EcosystemRender& scene;
-    bool before;
-};
-
 } // namespace
 
 QImage OglWidget::grabFrameBuffer() {
@@ -233,7 +219,7 @@ QImage OglWidget::renderPixmap(int width, int height, int maxTile,
     const TreeStates atStart(trees);
     // The progress report handles events between tiles: the timers must not
     // move the scene on meanwhile.
-    const HoldTime held(*currentModel);
+    const QScopedValueRollback<bool> held(currentModel->holdTime, true);
     bool done = fbo->isValid();
     for (int r = 0; done && r < rows; ++r)
         for (int c = 0; done && c < columns; ++c) {

@@ -29,7 +29,7 @@ QString kotBesedilo(float v) {
 }
 } // namespace
 
-template <typename T> bool CSimulationFile::Branje::beriVrednost(T& v, const char* ime) {
+template <typename T> bool CSimulationFile::Branje::beri(T& v, const char* ime) {
     if (f.beri(v))
         return true;
     if (f.zeton().empty())
@@ -43,24 +43,13 @@ template <typename T> bool CSimulationFile::Branje::beriVrednost(T& v, const cha
                       .arg(QString::fromStdString(f.zeton()), prevedi(ime)));
 }
 
-bool CSimulationFile::Branje::beri(int& v, const char* ime) {
-    return beriVrednost(v, ime);
-}
-
-bool CSimulationFile::Branje::beri(unsigned long long& v, const char* ime) {
-    return beriVrednost(v, ime);
-}
-
-bool CSimulationFile::Branje::beri(bool& v, const char* ime) {
-    return beriVrednost(v, ime);
-}
-
-bool CSimulationFile::Branje::beri(float& v, const char* ime) {
-    return beriVrednost(v, ime);
-}
+template bool CSimulationFile::Branje::beri(int&, const char*);
+template bool CSimulationFile::Branje::beri(unsigned long long&, const char*);
+template bool CSimulationFile::Branje::beri(bool&, const char*);
+template bool CSimulationFile::Branje::beri(float&, const char*);
 
 bool CSimulationFile::Branje::beri(int& v, const char* ime, int najmanj, int najvec) {
-    return beriVrednost(v, ime) && vMejah(v, ime, najmanj, najvec);
+    return beri(v, ime) && vMejah(v, ime, najmanj, najvec);
 }
 
 // Read as a double, so that a value beyond the float range is told as out of
@@ -68,7 +57,7 @@ bool CSimulationFile::Branje::beri(int& v, const char* ime, int najmanj, int naj
 // state files hold them, read back to the very float that was written.
 bool CSimulationFile::Branje::beri(float& v, const char* ime, float najmanj, float najvec) {
     double d = 0;
-    if (!beriVrednost(d, ime))
+    if (!beri(d, ime))
         return false;
     const float z = std::fabs(d) <= FLT_MAX ? float(d) : float(d > 0 ? HUGE_VALF : -HUGE_VALF);
     if (!vMejah(z, ime, najmanj, najvec))

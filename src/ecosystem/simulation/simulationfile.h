@@ -73,10 +73,8 @@ public:
     public:
         Branje(arbo::BralecStevil& f, std::string& razlog) : f(f), razlog(razlog) {}
 
-        bool beri(int& v, const char* ime);
-        bool beri(unsigned long long& v, const char* ime);
-        bool beri(bool& v, const char* ime);  // 0 or 1
-        bool beri(float& v, const char* ime); // any finite float
+        // int, unsigned long long, bool (0 or 1) or float (any finite one).
+        template <typename T> bool beri(T& v, const char* ime);
         bool beri(int& v, const char* ime, int najmanj, int najvec);
         bool beri(float& v, const char* ime, float najmanj, float najvec);
         // Always false, with besedilo as the reason.
@@ -87,7 +85,6 @@ public:
     private:
         arbo::BralecStevil& f;
         std::string& razlog;
-        template <typename T> bool beriVrednost(T& v, const char* ime);
         template <typename T, typename M> bool vMejah(T v, const char* ime, M najmanj, M najvec);
     };
 
